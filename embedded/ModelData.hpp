@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// A whole model as plain data: what an importer hands over and what
+/// EmbeddedKernel::open_model() and import_model() take.
+///
+/// Entity `i` of a list has the id `i + 1`, counted for each kind by itself, and
+/// all references are such ids. An entity that no other one names as its child is free.
+struct ModelData {
+    struct Entity {
+        /// UTF-8; empty for an entity without a name of its own.
+        std::string name;
+        /// Ids of the kind one below: a body names volumes, a curve vertices. Each once.
+        std::vector<int> children;
+        bool visible = true;
+        bool is_virtual = false;
+    };
+
+    struct Volume : Entity {
+        /// The volume of a sheet body: it holds surfaces and no solid.
+        bool is_sheet = false;
+    };
+
+    struct Group {
+        std::string name;
+        std::vector<int> groups;
+        std::vector<int> bodies;
+        std::vector<int> volumes;
+        std::vector<int> surfaces;
+        std::vector<int> curves;
+        std::vector<int> vertices;
+    };
+
+    std::vector<Entity> bodies;
+    std::vector<Volume> volumes;
+    std::vector<Entity> surfaces;
+    std::vector<Entity> curves;
+    std::vector<Entity> vertices;
+    std::vector<Group> groups;
+};

@@ -1,0 +1,190 @@
+#include <treemodel/models/TreeGeomModel.hpp>
+
+#include <array>
+#include <memory>
+#include <treemodel/treedata/TreeBodyData.hpp>
+#include <utility>
+
+namespace {
+
+std::unique_ptr<TreeGeometryData> new_record(TreeGeometryData::GeometryType type, int id)
+{
+    if (type == TreeGeometryData::BODY) {
+        return std::make_unique<TreeBodyData>(id);
+    }
+    return std::make_unique<TreeGeometryData>(type, id);
+}
+
+template <typename LinkMap>
+std::vector<TreeGeometryData*> linked_records(const LinkMap& links, TreeGeometryData* record)
+{
+    const auto entry = links.find(record);
+    if (entry == links.end()) {
+        return {};
+    }
+    return {entry->second.begin(), entry->second.end()};
+}
+
+} // namespace
+
+TreeGeomModel::TreeGeomModel() = default;
+
+TreeGeomModel::~TreeGeomModel()
+{
+    clear();
+}
+
+TreeGeometryData* TreeGeomModel::add_geometry(
+    TreeGeometryData::GeometryType type, int id, TreeGeometryData* parent)
+{
+    RecordMap* records = map_of(type);
+    if (!records) {
+        return nullptr;
+    }
+    const auto place = records->lower_bound(id);
+    if (place != records->end() && place->first == id) {
+        TreeGeometryData* present = place->second;
+        associate_geometry(parent, present);
+        return present;
+    }
+    auto new_owner = new_record(type, id);
+    TreeGeometryData* record = new_owner.get();
+    records->emplace_hint(place, id, record);
+    new_owner.release();
+    do_association(parent, record);
+    Q_EMIT geometry_added(record, parent);
+    return record;
+}
+
+void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
+{
+    RecordMap* records = map_of(type);
+    if (!records) {
+        return;
+    }
+    const auto node = records->extract(id);
+    if (node.empty()) {
+        return;
+    }
+    TreeGeometryData* record = node.mapped();
+    clear_associations(record);
+    Q_EMIT geometry_removed(record);
+    delete record;
+}
+
+void TreeGeomModel::change_geometry_id(
+    TreeGeometryData::GeometryType type, int old_id, int new_id)
+{
+    RecordMap* records = map_of(type);
+    if (!records || records->contains(new_id)) {
+        return;
+    }
+    auto node = records->extract(old_id);
+    if (node.empty()) {
+        return;
+    }
+    TreeGeometryData* record = node.mapped();
+    node.key() = new_id;
+    records->insert(std::move(node));
+    record->set_id(new_id);
+}
+
+TreeGeometryData* TreeGeomModel::find_geometry(TreeGeometryData::GeometryType type, int id)
+{
+    RecordMap* records = map_of(type);
+    if (!records) {
+        return nullptr;
+    }
+    const auto entry = records->find(id);
+    return entry == records->end() ? nullptr : entry->second;
+}
+
+std::vector<TreeGeometryData*> TreeGeomModel::geometry_data(TreeGeometryData::GeometryType type)
+{
+    std::vector<TreeGeometryData*> result;
+    if (const RecordMap* records = map_of(type)) {
+        result.reserve(records->size());
+        for (const auto& [id, record] : *records) {
+            result.push_back(record);
+        }
+    }
+    return result;
+}
+
+void TreeGeomModel::associate_geometry(TreeGeometryData* parent, TreeGeometryData* child)
+{
+    if (do_association(parent, child)) {
+        Q_EMIT association_added(parent, child);
+    }
+}
+
+void TreeGeomModel::disassociate_geometry(TreeGeometryData* parent, TreeGeometryData* child)
+{
+    if (do_disassociation(parent, child)) {
+        Q_EMIT association_removed(parent, child);
+    }
+}
+
+std::vector<TreeGeometryData*> TreeGeomModel::find_geometry_children(TreeGeometryData* parent)
+{
+    return linked_records(m_children_map, parent);
+}
+
+std::vector<TreeGeometryData*> TreeGeomModel::find_geometry_parents(TreeGeometryData* child)
+{
+    return linked_records(m_parents_map, child);
+}
+
+void TreeGeomModel::clear()
+{
+    Q_EMIT about_to_clear();
+    m_children_map.clear();
+    m_parents_map.clear();
+    for (RecordMap* records :
+        {&m_body_map, &m_volume_map, &m_surface_map, &m_curve_map, &m_vertex_map}) {
+        for (const auto& [id, record] : *records) {
+            delete record;
+        }
+        records->clear();
+    }
+}
+
+TreeGeomModel::RecordMap* TreeGeomModel::map_of(TreeGeometryData::GeometryType type)
+{
+    const std::array<RecordMap*, 5> maps{
+        &m_vertex_map, &m_curve_map, &m_surface_map, &m_volume_map, &m_body_map};
+    const auto index = static_cast<std::size_t>(type);
+    return index < maps.size() ? maps[index] : nullptr;
+}
+
+bool TreeGeomModel::do_association(TreeGeometryData* parent, TreeGeometryData* child)
+{
+    if (!parent || !child) {
+        return false;
+    }
+    const bool child_is_new = m_children_map[parent].insert(child).second;
+    const bool parent_is_new = m_parents_map[child].insert(parent).second;
+    return child_is_new || parent_is_new;
+}
+
+bool TreeGeomModel::do_disassociation(TreeGeometryData* parent, TreeGeometryData* child)
+{
+    const auto children = m_children_map.find(parent);
+    if (children == m_children_map.end() || children->second.erase(child) == 0) {
+        return false;
+    }
+    m_parents_map[child].erase(parent);
+    return true;
+}
+
+void TreeGeomModel::clear_associations(TreeGeometryData* record)
+{
+    for (TreeGeometryData* child : find_geometry_children(record)) {
+        do_disassociation(record, child);
+    }
+    m_children_map.erase(record);
+    for (TreeGeometryData* parent : find_geometry_parents(record)) {
+        do_disassociation(parent, record);
+    }
+    m_parents_map.erase(record);
+}
