@@ -19,16 +19,6 @@ GeometryType child_type(GeometryType type)
     return type == TreeGeometryData::VERTEX ? type : static_cast<GeometryType>(type - 1);
 }
 
-std::vector<int> ids_of(const std::vector<TreeGeometryData*>& records)
-{
-    std::vector<int> ids;
-    ids.reserve(records.size());
-    for (TreeGeometryData* record : records) {
-        ids.push_back(record->id());
-    }
-    return ids;
-}
-
 } // namespace
 
 void TreeKestoObserver::notify_body_created(int id)
@@ -120,13 +110,11 @@ void TreeKestoObserver::notify_free_entities_changed()
 {
     for (const GeometryType type :
         {TreeGeometryData::SURFACE, TreeGeometryData::CURVE, TreeGeometryData::VERTEX}) {
-        std::vector<int> parentless;
-        for (TreeGeometryData* record : m_geom_model->geometry_data(type)) {
-            if (m_geom_model->find_geometry_parents(record).empty()) {
-                parentless.push_back(record->id());
-            }
-        }
-        IdSet lost(std::move(parentless));
+        std::vector<TreeGeometryData*> parentless = m_geom_model->geometry_data(type);
+        std::erase_if(parentless, [this](TreeGeometryData* record) {
+            return !m_geom_model->find_geometry_parents(record).empty();
+        });
+        IdSet lost(parentless);
         const std::string word = TreeGeometryData::type_to_string(type);
         for (const int id : KestoInterface::get_list_of_free_ref_entities(word)) {
             lost.take(id);
@@ -174,7 +162,7 @@ void TreeKestoObserver::link(GeometryType parent_type, int parent_id, int child_
 
 void TreeKestoObserver::refresh_geometry_of(GeometryType type)
 {
-    IdSet unconfirmed(ids_of(m_geom_model->geometry_data(type)));
+    IdSet unconfirmed(m_geom_model->geometry_data(type));
     for (const int id : KestoInterface::get_entities(TreeGeometryData::type_to_string(type))) {
         unconfirmed.take(id);
         add_and_read(type, id);
@@ -224,7 +212,7 @@ void TreeKestoObserver::read_attributes(GeometryHold& hold)
 std::vector<GeometryHold> TreeKestoObserver::reconcile_children(GeometryHold& hold)
 {
     const GeometryType type = child_type(hold.type());
-    IdSet unconfirmed(ids_of(m_geom_model->find_geometry_children(hold.get())));
+    IdSet unconfirmed(m_geom_model->find_geometry_children(hold.get()));
     std::vector<int> new_ids;
     for (const int id : KestoInterface::get_relatives(TreeGeometryData::type_to_string(hold.type()),
              hold.id(), TreeGeometryData::type_to_string(type))) {

@@ -16,16 +16,6 @@ std::unique_ptr<TreeGeometryData> new_record(TreeGeometryData::GeometryType type
     return std::make_unique<TreeGeometryData>(type, id);
 }
 
-template <typename LinkMap>
-std::vector<TreeGeometryData*> linked_records(const LinkMap& links, TreeGeometryData* record)
-{
-    const auto entry = links.find(record);
-    if (entry == links.end()) {
-        return {};
-    }
-    return {entry->second.begin(), entry->second.end()};
-}
-
 } // namespace
 
 TreeGeomModel::TreeGeomModel() = default;
@@ -129,12 +119,12 @@ void TreeGeomModel::disassociate_geometry(TreeGeometryData* parent, TreeGeometry
 
 std::vector<TreeGeometryData*> TreeGeomModel::find_geometry_children(TreeGeometryData* parent)
 {
-    return linked_records(m_children_map, parent);
+    return m_children_map.find(parent);
 }
 
 std::vector<TreeGeometryData*> TreeGeomModel::find_geometry_parents(TreeGeometryData* child)
 {
-    return linked_records(m_parents_map, child);
+    return m_parents_map.find(child);
 }
 
 void TreeGeomModel::clear()
@@ -164,19 +154,14 @@ bool TreeGeomModel::do_association(TreeGeometryData* parent, TreeGeometryData* c
     if (!parent || !child) {
         return false;
     }
-    const bool child_is_new = m_children_map[parent].insert(child).second;
-    const bool parent_is_new = m_parents_map[child].insert(parent).second;
+    const bool child_is_new = m_children_map.insert(parent, child);
+    const bool parent_is_new = m_parents_map.insert(child, parent);
     return child_is_new || parent_is_new;
 }
 
 bool TreeGeomModel::do_disassociation(TreeGeometryData* parent, TreeGeometryData* child)
 {
-    const auto children = m_children_map.find(parent);
-    if (children == m_children_map.end() || children->second.erase(child) == 0) {
-        return false;
-    }
-    m_parents_map[child].erase(parent);
-    return true;
+    return m_children_map.erase(parent, child) && m_parents_map.erase(child, parent);
 }
 
 void TreeGeomModel::clear_associations(TreeGeometryData* record)
