@@ -19,7 +19,8 @@
 namespace KestoInterface {
 
 /// One entity of a selection: its kind as the kernel's word, and its id.
-struct EntityRef {
+struct EntityRef
+{
     std::string type;
     int id = 0;
 };
@@ -236,7 +237,9 @@ public:
 
     // Assemblies, parts and the graphics window.
     virtual void notify_assembly_tree_modified() {}
-    virtual void notify_assembly_child_added(std::string, std::string, std::string, int, int, int) {}
+    virtual void notify_assembly_child_added(std::string, std::string, std::string, int, int, int)
+    {
+    }
     virtual void notify_assembly_child_name_changed(std::string, std::string, std::string, int) {}
     virtual void notify_assembly_child_instance_changed(std::string, int, int) {}
     virtual void notify_assembly_child_description_changed(int, std::string) {}
@@ -247,7 +250,10 @@ public:
     virtual void notify_graphics_pick_type_modified() {}
 
     // Simulation set-up. `action` is "create", "modify" or "delete".
-    virtual void notify_exodus_entity_modified(std::string /*type*/, int /*id*/, std::string /*action*/) {}
+    virtual void notify_exodus_entity_modified(
+        std::string /*type*/, int /*id*/, std::string /*action*/)
+    {
+    }
     virtual void notify_material_modified(int /*id*/, std::string /*action*/) {}
     virtual void notify_material_group_modified(std::string, std::string) {}
     virtual void notify_material_property_modified(std::string, std::string) {}

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory>
+#include <treemodel/treedata/RecordDeaths.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 #include <utility>
 
@@ -41,19 +42,21 @@ TreeGeometryData* TreeGeomModel::add_geometry(
     if (!records) {
         return nullptr;
     }
+    const quint64 deaths = RecordDeaths::count();
     const auto place = records->lower_bound(id);
+    TreeGeometryData* record = nullptr;
     if (place != records->end() && place->first == id) {
-        TreeGeometryData* present = place->second;
-        associate_geometry(parent, present);
-        return present;
+        record = place->second;
+        associate_geometry(parent, record);
+    } else {
+        auto created = new_record(type, id);
+        records->emplace_hint(place, id, created.get());
+        record = created.release();
+        do_association(parent, record);
+        Q_EMIT geometry_added(record, parent);
     }
-    auto new_owner = new_record(type, id);
-    TreeGeometryData* record = new_owner.get();
-    records->emplace_hint(place, id, record);
-    new_owner.release();
-    do_association(parent, record);
-    Q_EMIT geometry_added(record, parent);
-    return record;
+    // A receiver may have had the record removed.
+    return deaths == RecordDeaths::count() ? record : find_geometry(type, id);
 }
 
 void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
@@ -72,8 +75,7 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
     delete record;
 }
 
-void TreeGeomModel::change_geometry_id(
-    TreeGeometryData::GeometryType type, int old_id, int new_id)
+void TreeGeomModel::change_geometry_id(TreeGeometryData::GeometryType type, int old_id, int new_id)
 {
     RecordMap* records = map_of(type);
     if (!records || records->contains(new_id)) {

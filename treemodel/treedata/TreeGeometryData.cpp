@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <QMetaType>
+#include <QPointer>
 
 namespace {
 
-struct GeometryKind {
+struct GeometryKind
+{
     const char* word;
     const char* label;
 };
@@ -55,7 +57,11 @@ void TreeGeometryData::set_virtual(bool is_virtual)
         return;
     }
     m_is_virtual = is_virtual;
+    const QPointer<TreeGeometryData> self(this);
     Q_EMIT virtual_changed(is_virtual);
+    if (!self) {
+        return;
+    }
     if (has_own_name()) {
         set_name(name());
     } else {
