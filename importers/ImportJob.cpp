@@ -46,6 +46,19 @@ constexpr std::array content_rules{
     ContentRule{cad_helper, nullptr},
 };
 
+// Ends without the wait and the message that QProcess has for a program still running.
+class HelperProcess : public QProcess
+{
+public:
+    using QProcess::QProcess;
+
+    ~HelperProcess() override
+    {
+        kill();
+        waitForFinished();
+    }
+};
+
 const ContentRule& rule_for(const QString& file)
 {
     const auto content = look_at_file(QFile::encodeName(file).toStdString());
@@ -120,7 +133,7 @@ void ImportJob::launch()
         fail(tr("the program %1, which reads such files, is missing").arg(name));
         return;
     }
-    m_process = new QProcess(this);
+    m_process = new HelperProcess(this);
     // What the libraries print is for nobody.
     m_process->setStandardErrorFile(QProcess::nullDevice());
     connect(m_process, &QProcess::readyReadStandardOutput, this, &ImportJob::read_frames);

@@ -42,48 +42,60 @@ std::string name_of(const TDF_Label& label)
                                                              : std::string();
 }
 
-Part part_at(const TDF_Label& label, const TopLoc_Location& location);
-
-std::vector<Part> parts_at(const TDF_LabelSequence& labels, const TopLoc_Location& location)
+class PartReader
 {
-    std::vector<Part> parts;
-    for (const auto& label : labels) {
-        parts.push_back(part_at(label, location));
+public:
+    explicit PartReader(const std::set<std::string>& stand_ins)
+        : m_stand_ins(stand_ins)
+    {
     }
-    return parts;
-}
 
-// Reads the label of a product; name and place are those of the instance, if any.
-Part product_at(const TDF_Label& label, const TopLoc_Location& location, std::string name)
-{
-    Part part;
-    part.name = name.empty() ? name_of(label) : std::move(name);
-    TDF_LabelSequence components;
-    if (XCAFDoc_ShapeTool::GetComponents(label, components)) {
-        part.parts = parts_at(components, location);
-        part.is_assembly = std::any_of(part.parts.begin(), part.parts.end(),
-            [](const Part& child) { return child.is_assembly || !child.name.empty(); });
-    }
-    if (!part.is_assembly) {
-        // Unnamed pieces of one part are the part.
-        part.parts.clear();
-        part.shape = XCAFDoc_ShapeTool::GetShape(label);
-        if (!part.shape.IsNull()) {
-            part.shape.Move(location);
+    std::vector<Part> parts_at(const TDF_LabelSequence& labels, const TopLoc_Location& place) const
+    {
+        std::vector<Part> parts;
+        for (const auto& label : labels) {
+            parts.push_back(part_at(label, place));
         }
+        return parts;
     }
-    return part;
-}
 
-Part part_at(const TDF_Label& label, const TopLoc_Location& location)
-{
-    TDF_Label product;
-    if (XCAFDoc_ShapeTool::GetReferredShape(label, product)) {
-        return product_at(
-            product, location * XCAFDoc_ShapeTool::GetLocation(label), name_of(label));
+private:
+    Part part_at(const TDF_Label& label, const TopLoc_Location& place) const
+    {
+        TDF_Label product;
+        if (!XCAFDoc_ShapeTool::GetReferredShape(label, product)) {
+            return product_at(label, place);
+        }
+        auto part = product_at(product, place * XCAFDoc_ShapeTool::GetLocation(label));
+        if (auto name = name_of(label); !name.empty() && !m_stand_ins.contains(name)) {
+            part.name = std::move(name);
+        }
+        return part;
     }
-    return product_at(label, location, {});
-}
+
+    Part product_at(const TDF_Label& label, const TopLoc_Location& place) const
+    {
+        Part part;
+        part.name = name_of(label);
+        TDF_LabelSequence components;
+        if (XCAFDoc_ShapeTool::GetComponents(label, components)) {
+            part.parts = parts_at(components, place);
+            part.is_assembly = std::any_of(part.parts.begin(), part.parts.end(),
+                [](const Part& child) { return child.is_assembly || !child.name.empty(); });
+        }
+        if (!part.is_assembly) {
+            // Unnamed pieces of one part are the part.
+            part.parts.clear();
+            part.shape = XCAFDoc_ShapeTool::GetShape(label);
+            if (!part.shape.IsNull()) {
+                part.shape.Move(place);
+            }
+        }
+        return part;
+    }
+
+    const std::set<std::string>& m_stand_ins;
+};
 
 } // namespace
 
@@ -94,11 +106,11 @@ CadDocument::CadDocument()
     XCAFDoc_ShapeTool::SetAutoNaming(false);
 }
 
-std::vector<Part> CadDocument::roots() const
+std::vector<Part> CadDocument::roots(const std::set<std::string>& stand_ins) const
 {
     TDF_LabelSequence labels;
     XCAFDoc_DocumentTool::ShapeTool(m_document->Main())->GetFreeShapes(labels);
-    return parts_at(labels, {});
+    return PartReader(stand_ins).parts_at(labels, {});
 }
 
 std::string proper_name(const TCollection_ExtendedString& name)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <importers/cad/PartTree.hpp>
+#include <set>
 #include <string>
 #include <TDocStd_Document.hxx>
 
@@ -14,8 +15,9 @@ public:
 
     Handle(TDocStd_Document) & handle() { return m_document; }
 
-    /// The assembly tree, with every instance of a part in its place.
-    std::vector<Part> roots() const;
+    /// The assembly tree, with every instance of a part in its place. An instance takes
+    /// the name of its product if its own is missing or one of `stand_ins`.
+    std::vector<Part> roots(const std::set<std::string>& stand_ins) const;
 
 private:
     Handle(TDocStd_Document) m_document;

@@ -11,7 +11,9 @@
 #include <importers/FileContent.hpp>
 #include <Interface_Check.hxx>
 #include <Interface_InterfaceModel.hxx>
+#include <set>
 #include <STEPCAFControl_Reader.hxx>
+#include <StepRepr_NextAssemblyUsageOccurrence.hxx>
 #include <StepRepr_RepresentationItem.hxx>
 #include <TCollection_HAsciiString.hxx>
 #include <TopoDS_Iterator.hxx>
@@ -31,9 +33,14 @@ void read_records(Reader& reader, const std::filesystem::path& file, FrameChanne
     }
 }
 
-[[noreturn]] void throw_damaged(const std::string& record, const Interface_Check& check)
+[[noreturn]] void throw_damaged(const std::string& place, const Interface_Check& check)
 {
-    throw ImportError("it is damaged: " + record + check.CFail(1));
+    static constexpr std::string_view parser_prefix = "Undefined Parsing: ";
+    std::string_view trouble = check.CFail(1);
+    if (trouble.starts_with(parser_prefix)) {
+        trouble.remove_prefix(parser_prefix.size());
+    }
+    throw ImportError("it is damaged: " + place + std::string(trouble));
 }
 
 // A record that did not load well makes the transfer crash.
@@ -41,36 +48,65 @@ void check_records(const XSControl_Reader& reader, FrameChannel& channel)
 {
     channel.send_progress(ImportStage::Check);
     const auto model = reader.WS()->Model();
-    const auto global_check = model->GlobalCheck();
-    if (global_check->HasFailed()) {
-        throw_damaged({}, *global_check);
+    if (model->NbEntities() == 0) {
+        throw ImportError("it holds no geometry");
+    }
+    if (const auto check = model->GlobalCheck(); check->HasFailed()) {
+        throw_damaged({}, *check);
     }
     for (int i = 1; i <= model->NbEntities(); ++i) {
-        const auto check = model->Check(i, true);
-        if (check->HasFailed()) {
+        if (const auto check = model->Check(i, true); check->HasFailed()) {
             const auto label = model->StringLabel(model->Value(i));
             throw_damaged(std::string("entity ") + label->ToCString() + ": ", *check);
         }
     }
 }
 
-ShapeNames names_of_items(const XSControl_Reader& reader)
+template <typename Record, typename Visit>
+void for_each_record(const XSControl_Reader& reader, Visit visit)
+{
+    const auto model = reader.WS()->Model();
+    for (int i = 1; i <= model->NbEntities(); ++i) {
+        const auto record = Handle(Record)::DownCast(model->Value(i));
+        if (!record.IsNull()) {
+            visit(*record);
+        }
+    }
+}
+
+bool is_blank(const Handle(TCollection_HAsciiString) & text)
+{
+    return text.IsNull() || text->IsEmpty();
+}
+
+ShapeNames names_of_shapes(const XSControl_Reader& reader)
 {
     ShapeNames names;
-    const auto model = reader.WS()->Model();
     const auto process = reader.WS()->TransferReader()->TransientProcess();
-    for (int i = 1; i <= model->NbEntities(); ++i) {
-        const auto item = Handle(StepRepr_RepresentationItem)::DownCast(model->Value(i));
-        if (item.IsNull() || item->Name().IsNull() || item->Name()->IsEmpty()) {
-            continue;
+    for_each_record<StepRepr_RepresentationItem>(reader, [&](const auto& item) {
+        if (is_blank(item.Name())) {
+            return;
         }
-        const auto shape = TransferBRep::ShapeResult(process->Find(item));
-        const auto name = proper_name(TCollection_ExtendedString(item->Name()->ToCString(), true));
+        const auto shape = TransferBRep::ShapeResult(process->Find(&item));
+        const auto name = proper_name(TCollection_ExtendedString(item.Name()->ToCString(), true));
         if (!shape.IsNull() && !name.empty()) {
             names.Bind(shape.Located({}), name);
         }
-    }
+    });
     return names;
+}
+
+// The reader calls an instance without a name by its id, which says nothing.
+std::set<std::string> ids_of_unnamed_instances(const XSControl_Reader& reader)
+{
+    std::set<std::string> ids;
+    for_each_record<StepRepr_NextAssemblyUsageOccurrence>(reader, [&ids](const auto& instance) {
+        if (is_blank(instance.Name()) && is_blank(instance.Description()) &&
+            !is_blank(instance.Id())) {
+            ids.insert(instance.Id()->ToCString());
+        }
+    });
+    return ids;
 }
 
 CadContent read_step(const std::filesystem::path& file, FrameChannel& channel)
@@ -87,7 +123,8 @@ CadContent read_step(const std::filesystem::path& file, FrameChannel& channel)
     CadDocument document;
     const Handle(FrameProgress) progress = new FrameProgress(channel, ImportStage::Transfer);
     reader.Transfer(document.handle(), progress->Start());
-    return {document.roots(), names_of_items(reader.Reader())};
+    return {document.roots(ids_of_unnamed_instances(reader.Reader())),
+        names_of_shapes(reader.Reader())};
 }
 
 CadContent read_iges(const std::filesystem::path& file, FrameChannel& channel)
@@ -100,7 +137,7 @@ CadContent read_iges(const std::filesystem::path& file, FrameChannel& channel)
     CadDocument document;
     const Handle(FrameProgress) progress = new FrameProgress(channel, ImportStage::Transfer);
     reader.Transfer(document.handle(), progress->Start());
-    return {document.roots(), {}};
+    return {document.roots({}), {}};
 }
 
 // The children of the outermost compound are the parts.
@@ -109,8 +146,8 @@ CadContent read_brep(const std::filesystem::path& file, FrameChannel& channel)
     channel.send_progress(ImportStage::Read);
     const Handle(FrameProgress) progress = new FrameProgress(channel, ImportStage::Read);
     TopoDS_Shape shape;
-    if (!BRepTools::Read(shape, file.c_str(), BRep_Builder(), progress->Start())
-        || shape.IsNull()) {
+    if (!BRepTools::Read(shape, file.c_str(), BRep_Builder(), progress->Start()) ||
+        shape.IsNull()) {
         throw ImportError("it is damaged: its shapes cannot be read");
     }
     CadContent content;
