@@ -41,6 +41,24 @@ bool is_iges_line(std::string_view line, char section)
         number.begin(), number.end(), [](char c) { return c == ' ' || (c >= '0' && c <= '9'); });
 }
 
+bool ends_with_iges_line(std::string_view text, char section)
+{
+    const auto end = text.find_last_not_of(blanks) + 1;
+    return end >= iges_line_size &&
+           is_iges_line(text.substr(end - iges_line_size, iges_line_size), section);
+}
+
+// A star closes each shape; the next one begins with letters, but after the last one
+// there is the reference to the outermost shape.
+bool ends_with_brep_root(std::string_view text)
+{
+    const auto last_star = text.find_last_of('*');
+    const auto rest =
+        text.substr(last_star == std::string_view::npos ? text.size() : last_star + 1);
+    return rest.find_first_of("+-") != std::string_view::npos &&
+           rest.find_first_not_of(" \t\r\n+-0123456789") == std::string_view::npos;
+}
+
 FileContent format_of(std::string_view head)
 {
     const auto text = trimmed_front(head);
@@ -101,13 +119,14 @@ FileContent look_at_file(const std::filesystem::path& file)
 bool has_end_mark(const std::filesystem::path& file, FileContent format)
 {
     const auto tail = tail_of(file);
-    if (format == FileContent::Step) {
+    switch (format) {
+    case FileContent::Step:
         return tail.find("END-ISO-10303-21") != std::string::npos;
+    case FileContent::Iges:
+        return ends_with_iges_line(tail, 'T');
+    case FileContent::Brep:
+        return ends_with_brep_root(tail);
+    default:
+        return true;
     }
-    if (format == FileContent::Iges) {
-        const auto end = tail.find_last_not_of(blanks) + 1;
-        const auto start = end < iges_line_size ? 0 : end - iges_line_size;
-        return is_iges_line(std::string_view(tail).substr(start, end - start), 'T');
-    }
-    return true;
 }

@@ -18,6 +18,5 @@ enum class FileContent {
 /// Looks at the first bytes of a file, never at its name.
 FileContent look_at_file(const std::filesystem::path& file);
 
-/// Whether the file ends with the closing mark of its format. True for a format
-/// that has none.
+/// Whether the file ends as its format ends; if not, a part of it is missing.
 bool has_end_mark(const std::filesystem::path& file, FileContent format);

@@ -19,7 +19,6 @@
 #include <IGESControl_Writer.hxx>
 #include <IGESData_GlobalSection.hxx>
 #include <IGESData_IGESModel.hxx>
-#include <Interface_Static.hxx>
 #include <iostream>
 #include <stdexcept>
 #include <STEPCAFControl_Writer.hxx>
@@ -28,9 +27,6 @@
 #include <TCollection_HAsciiString.hxx>
 #include <TDataStd_Name.hxx>
 #include <TDocStd_Document.hxx>
-#include <TopExp.hxx>
-#include <TopoDS.hxx>
-#include <TopTools_IndexedMapOfShape.hxx>
 #include <XCAFApp_Application.hxx>
 #include <XCAFDoc_DocumentTool.hxx>
 #include <XCAFDoc_ShapeTool.hxx>
@@ -196,13 +192,9 @@ void make_roof(const std::filesystem::path& folder)
     }
     sewing.Perform();
 
-    const auto corner = BRepBuilderAPI_MakeVertex({-5, 0, -4}).Vertex();
-    const auto far_end = BRepBuilderAPI_MakeVertex({-5, 20, -4}).Vertex();
-    const auto side_end = BRepBuilderAPI_MakeVertex({15, 0, -4}).Vertex();
-    const auto gutter = BRepBuilderAPI_MakeEdge(corner, far_end).Edge();
-    const Handle(Geom_TrimmedCurve) bow =
-        GC_MakeArcOfCircle(gp_Pnt(-5, 0, -4), gp_Pnt(5, 0, -6), gp_Pnt(15, 0, -4)).Value();
-    const auto arch = BRepBuilderAPI_MakeEdge(bow, corner, side_end).Edge();
+    const auto gutter = BRepBuilderAPI_MakeEdge(gp_Pnt(-5, 0, -4), gp_Pnt(-5, 20, -4)).Shape();
+    const auto bow = GC_MakeArcOfCircle(gp_Pnt(-5, 0, -4), gp_Pnt(5, 0, -6), gp_Pnt(15, 0, -4));
+    const auto arch = BRepBuilderAPI_MakeEdge(bow.Value()).Shape();
 
     const Assembler assembler;
     assembler.part("Roof", sewing.SewedShape());
@@ -223,6 +215,7 @@ void make_bracket(const std::filesystem::path& folder)
     IGESControl_Writer writer("MM", 1);
     auto header = writer.Model()->GlobalSection();
     header.SetFileName(new TCollection_HAsciiString("bracket.iges"));
+    header.SetAuthorName(new TCollection_HAsciiString("Author"));
     header.SetDate(new TCollection_HAsciiString(iges_date));
     header.SetLastChangeDate(new TCollection_HAsciiString(iges_date));
     writer.Model()->SetGlobalSection(header);

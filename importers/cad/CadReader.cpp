@@ -184,7 +184,7 @@ CadContent read_cad_file(const std::filesystem::path& file, FrameChannel& channe
         throw ImportError("its content is neither STEP nor IGES nor BREP");
     }
     if (!has_end_mark(file, found)) {
-        throw ImportError("it is truncated: the mark at its end is missing");
+        throw ImportError("it is truncated: its end is missing");
     }
     return format->read(file, channel);
 }

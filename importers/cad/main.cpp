@@ -63,7 +63,8 @@ void import(const char* file, FrameChannel& channel)
 std::string reason_of(const Standard_Failure& failure)
 {
     const std::string message = failure.GetMessageString();
-    return "it is damaged: " + (message.empty() ? failure.DynamicType()->Name() : message);
+    return "it is damaged: OpenCASCADE stopped with " +
+           (message.empty() ? failure.DynamicType()->Name() : message);
 }
 
 // Empty if all went well.
