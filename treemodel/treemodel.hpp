@@ -5,6 +5,9 @@
 #include <treemodel/kernel/KestoInterface.hpp>
 #include <treemodel/kernel/TreeModel.hpp>
 #include <treemodel/models/TreeGeomModel.hpp>
+#include <treemodel/models/TreeGroupModel.hpp>
+#include <treemodel/models/TreeMeshModel.hpp>
+#include <treemodel/models/TreeSimModel.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 #include <treemodel/treedata/TreeBoundaryLayerData.hpp>
 #include <treemodel/treedata/TreeCfdBCData.hpp>
