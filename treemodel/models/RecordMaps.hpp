@@ -4,6 +4,7 @@
 #include <memory>
 #include <QObject>
 #include <set>
+#include <treemodel/treedata/RecordDeaths.hpp>
 #include <utility>
 #include <vector>
 
@@ -38,6 +39,21 @@ Record* find_record(const RecordMap<Record>& records, int id)
 {
     const auto entry = records.find(id);
     return entry == records.end() ? nullptr : entry->second;
+}
+
+/// The record of that id; a new one is made of `arguments` and told of by the `added` signal
+/// of `model`. Null if a receiver has had it removed.
+template <typename Model, typename Record, typename... Arguments>
+Record* add_record(RecordMap<Record>& records, Model* model, void (Model::*added)(Record*), int id,
+    Arguments&&... arguments)
+{
+    const quint64 deaths = RecordDeaths::count();
+    const auto [record, is_new] =
+        find_or_add_record(records, id, std::forward<Arguments>(arguments)...);
+    if (is_new) {
+        Q_EMIT(model->*added)(record);
+    }
+    return deaths == RecordDeaths::count() ? record : find_record(records, id);
 }
 
 /// Hands the record over to the caller; null if there is none.

@@ -29,13 +29,14 @@ TreeGroupModel::~TreeGroupModel()
 
 TreeGroupData* TreeGroupModel::add_group(const QString& name, int id)
 {
+    const quint64 deaths = RecordDeaths::count();
     const auto [group, is_new] = find_or_add_record(m_group_map, id, name, id);
     if (is_new) {
         Q_EMIT group_added(group);
     } else if (name != group->name()) {
         group->set_name(name);
     }
-    return group;
+    return deaths == RecordDeaths::count() ? group : find_group(id);
 }
 
 void TreeGroupModel::remove_group(int id)

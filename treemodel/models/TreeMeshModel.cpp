@@ -11,11 +11,7 @@ TreeMeshModel::~TreeMeshModel()
 
 TreeSizingSourceData* TreeMeshModel::add_sizing_source(int id)
 {
-    const auto [source, is_new] = find_or_add_record(m_sizing_source_map, id, id);
-    if (is_new) {
-        Q_EMIT sizing_source_added(source);
-    }
-    return source;
+    return add_record(m_sizing_source_map, this, &TreeMeshModel::sizing_source_added, id, id);
 }
 
 void TreeMeshModel::remove_sizing_source(int id)
@@ -38,11 +34,7 @@ std::vector<TreeSizingSourceData*> TreeMeshModel::sizing_sources()
 
 TreeBoundaryLayerData* TreeMeshModel::add_boundary_layer(int id)
 {
-    const auto [layer, is_new] = find_or_add_record(m_boundary_layer_map, id, id);
-    if (is_new) {
-        Q_EMIT boundary_layer_added(layer);
-    }
-    return layer;
+    return add_record(m_boundary_layer_map, this, &TreeMeshModel::boundary_layer_added, id, id);
 }
 
 void TreeMeshModel::remove_boundary_layer(int id)
@@ -69,6 +61,7 @@ TreeMeshData* TreeMeshModel::add_mesh_data(
     if (!owner) {
         return nullptr;
     }
+    const quint64 deaths = RecordDeaths::count();
     const auto [entry, owner_is_new] = m_mesh_data_map.try_emplace(owner);
     const auto [record, is_new] = find_or_add_record(entry->second, type, type, element_count);
     if (owner_is_new) {
@@ -78,7 +71,7 @@ TreeMeshData* TreeMeshModel::add_mesh_data(
     } else if (record->element_count() != element_count) {
         record->set_element_count(element_count);
     }
-    return record;
+    return deaths == RecordDeaths::count() ? record : find_mesh_data(type, owner);
 }
 
 void TreeMeshModel::remove_mesh_data(TreeMeshData::MeshType type, TreeData* owner)

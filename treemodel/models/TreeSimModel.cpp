@@ -37,11 +37,8 @@ TreeSimModel::~TreeSimModel()
 
 TreeExodusData* TreeSimModel::add_exodus(TreeExodusData::ExodusType type, int id)
 {
-    const auto [exodus, is_new] = find_or_add_record(exodus_map_from_type(type), id, type, id);
-    if (is_new) {
-        Q_EMIT exodus_entity_added(exodus);
-    }
-    return exodus;
+    return add_record(
+        exodus_map_from_type(type), this, &TreeSimModel::exodus_entity_added, id, type, id);
 }
 
 void TreeSimModel::remove_exodus(TreeExodusData::ExodusType type, int id)
@@ -75,11 +72,7 @@ void TreeSimModel::clear_exodus()
 
 TreeFeaBCData* TreeSimModel::add_fea_bc(TreeFeaBCData::FEAType type, int id)
 {
-    const auto [bc, is_new] = find_or_add_record(fea_map_from_type(type), id, type, id);
-    if (is_new) {
-        Q_EMIT fea_bc_added(bc);
-    }
-    return bc;
+    return add_record(fea_map_from_type(type), this, &TreeSimModel::fea_bc_added, id, type, id);
 }
 
 void TreeSimModel::remove_fea_bc(TreeFeaBCData::FEAType type, int id)
@@ -116,11 +109,7 @@ void TreeSimModel::clear_fea()
 
 TreeCfdBCData* TreeSimModel::add_cfd_bc(TreeCfdBCData::CFDType type, int id)
 {
-    const auto [bc, is_new] = find_or_add_record(m_cfd_map, id, type, id);
-    if (is_new) {
-        Q_EMIT cfd_bc_added(bc);
-    }
-    return bc;
+    return add_record(m_cfd_map, this, &TreeSimModel::cfd_bc_added, id, type, id);
 }
 
 void TreeSimModel::remove_cfd_bc(int id)
@@ -163,11 +152,7 @@ void TreeSimModel::clear_cfd()
 
 TreeMaterialData* TreeSimModel::add_material(int id, bool is_cfd)
 {
-    const auto [material, is_new] = find_or_add_record(m_material_map, id, id, is_cfd);
-    if (is_new) {
-        Q_EMIT material_added(material);
-    }
-    return material;
+    return add_record(m_material_map, this, &TreeSimModel::material_added, id, id, is_cfd);
 }
 
 void TreeSimModel::remove_material(int id)
