@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory>
+#include <treemodel/models/RecordMaps.hpp>
 #include <treemodel/treedata/RecordDeaths.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 #include <utility>
@@ -55,11 +56,10 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
     if (!records) {
         return;
     }
-    const auto node = records->extract(id);
-    if (node.empty()) {
+    TreeGeometryData* record = take_record(*records, id);
+    if (!record) {
         return;
     }
-    TreeGeometryData* record = node.mapped();
     clear_associations(record);
     Q_EMIT geometry_removed(record);
     delete record;
@@ -83,24 +83,14 @@ void TreeGeomModel::change_geometry_id(TreeGeometryData::GeometryType type, int 
 
 TreeGeometryData* TreeGeomModel::find_geometry(TreeGeometryData::GeometryType type, int id)
 {
-    RecordMap* records = map_of(type);
-    if (!records) {
-        return nullptr;
-    }
-    const auto entry = records->find(id);
-    return entry == records->end() ? nullptr : entry->second;
+    const RecordMap* records = map_of(type);
+    return records ? find_record(*records, id) : nullptr;
 }
 
 std::vector<TreeGeometryData*> TreeGeomModel::geometry_data(TreeGeometryData::GeometryType type)
 {
-    std::vector<TreeGeometryData*> result;
-    if (const RecordMap* records = map_of(type)) {
-        result.reserve(records->size());
-        for (const auto& [id, record] : *records) {
-            result.push_back(record);
-        }
-    }
-    return result;
+    const RecordMap* records = map_of(type);
+    return records ? all_records(*records) : std::vector<TreeGeometryData*>();
 }
 
 void TreeGeomModel::associate_geometry(TreeGeometryData* parent, TreeGeometryData* child)
@@ -134,10 +124,7 @@ void TreeGeomModel::clear()
     m_parents_map.clear();
     for (RecordMap* records :
         {&m_body_map, &m_volume_map, &m_surface_map, &m_curve_map, &m_vertex_map}) {
-        for (const auto& [id, record] : *records) {
-            delete record;
-        }
-        records->clear();
+        delete_records(*records);
     }
 }
 
