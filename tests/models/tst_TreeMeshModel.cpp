@@ -82,12 +82,15 @@ private Q_SLOTS:
 
 private:
     EventLog log;
+    // Of what a test connects; goes first, so that nothing runs past the test.
+    std::unique_ptr<QObject> receiver;
     std::unique_ptr<TreeMeshModel> model;
     std::unique_ptr<SignalRecorder> recorder;
 };
 
 void tst_TreeMeshModel::init()
 {
+    receiver = std::make_unique<QObject>();
     model = std::make_unique<TreeMeshModel>();
     recorder = std::make_unique<SignalRecorder>(log);
     recorder->watch(model.get());
@@ -95,6 +98,7 @@ void tst_TreeMeshModel::init()
 
 void tst_TreeMeshModel::cleanup()
 {
+    receiver.reset();
     recorder.reset();
     model.reset();
     log.take();
@@ -103,7 +107,7 @@ void tst_TreeMeshModel::cleanup()
 void tst_TreeMeshModel::newSizingSourceStandsInTheModelWhenAnnounced()
 {
     bool found = false;
-    connect(model.get(), &TreeMeshModel::sizing_source_added, this,
+    connect(model.get(), &TreeMeshModel::sizing_source_added, receiver.get(),
         [&](TreeSizingSourceData* source) { found = model->find_sizing_source(4) == source; });
     TreeSizingSourceData* source = model->add_sizing_source(4);
     QVERIFY(found);
@@ -123,7 +127,7 @@ void tst_TreeMeshModel::removedSizingSourceIsReadableInItsSignal()
 {
     model->add_sizing_source(4);
     QString seen;
-    connect(model.get(), &TreeMeshModel::sizing_source_removed, this,
+    connect(model.get(), &TreeMeshModel::sizing_source_removed, receiver.get(),
         [&](TreeSizingSourceData* source) {
             seen = source->name() + (model->find_sizing_source(4) ? " listed" : " gone");
         });
@@ -138,7 +142,7 @@ void tst_TreeMeshModel::removedSizingSourceIsReadableInItsSignal()
 void tst_TreeMeshModel::newBoundaryLayerStandsInTheModelWhenAnnounced()
 {
     bool found = false;
-    connect(model.get(), &TreeMeshModel::boundary_layer_added, this,
+    connect(model.get(), &TreeMeshModel::boundary_layer_added, receiver.get(),
         [&](TreeBoundaryLayerData* layer) { found = model->find_boundary_layer(4) == layer; });
     TreeBoundaryLayerData* layer = model->add_boundary_layer(4);
     QVERIFY(found);
@@ -158,7 +162,7 @@ void tst_TreeMeshModel::removedBoundaryLayerIsReadableInItsSignal()
 {
     model->add_boundary_layer(4)->set_name("inner");
     QString seen;
-    connect(model.get(), &TreeMeshModel::boundary_layer_removed, this,
+    connect(model.get(), &TreeMeshModel::boundary_layer_removed, receiver.get(),
         [&](TreeBoundaryLayerData* layer) {
             seen = layer->name() + (model->find_boundary_layer(4) ? " listed" : " gone");
         });
@@ -201,11 +205,12 @@ void tst_TreeMeshModel::unknownIdsHaveNoEffect()
 void tst_TreeMeshModel::addedRecordRemovedByAReceiverIsNotGivenBack()
 {
     Owner owner(1);
-    connect(model.get(), &TreeMeshModel::sizing_source_added, this,
+    connect(model.get(), &TreeMeshModel::sizing_source_added, receiver.get(),
         [&] { model->clear_sizing_sources(); });
-    connect(model.get(), &TreeMeshModel::boundary_layer_added, this,
+    connect(model.get(), &TreeMeshModel::boundary_layer_added, receiver.get(),
         [&] { model->clear_boundary_layers(); });
-    connect(model.get(), &TreeMeshModel::mesh_data_added, this, [&] { model->clear_mesh_data(); });
+    connect(model.get(), &TreeMeshModel::mesh_data_added, receiver.get(),
+        [&] { model->clear_mesh_data(); });
     QCOMPARE(model->add_sizing_source(1), nullptr);
     QCOMPARE(model->add_boundary_layer(1), nullptr);
     QCOMPARE(model->add_mesh_data(HEX, 1, &owner), nullptr);
@@ -215,7 +220,7 @@ void tst_TreeMeshModel::newMeshDataStandsInTheModelWhenAnnounced()
 {
     Owner owner(3);
     bool found = false;
-    connect(model.get(), &TreeMeshModel::mesh_data_added, this,
+    connect(model.get(), &TreeMeshModel::mesh_data_added, receiver.get(),
         [&](TreeMeshData* md, TreeData* o) { found = model->find_mesh_data(TET, o) == md; });
     TreeMeshData* tets = model->add_mesh_data(TET, 12, &owner);
     QVERIFY(found);
@@ -301,8 +306,8 @@ void tst_TreeMeshModel::removedMeshDataIsReadableInItsSignal()
     Owner owner(3);
     model->add_mesh_data(TET, 12, &owner);
     QString seen;
-    connect(
-        model.get(), &TreeMeshModel::mesh_data_removed, this, [&](TreeMeshData* md, TreeData* o) {
+    connect(model.get(), &TreeMeshModel::mesh_data_removed, receiver.get(),
+        [&](TreeMeshData* md, TreeData* o) {
             seen = md->name() + (model->find_mesh_data(TET, o) ? " listed" : " gone");
         });
     log.take();
@@ -332,8 +337,8 @@ void tst_TreeMeshModel::ownerIsWatchedOnlyAfterTheAnnouncement()
     recorder.reset();
     Owner owner(3);
     int watchers = -1;
-    connect(
-        model.get(), &TreeMeshModel::mesh_data_added, this, [&] { watchers = owner.watchers(); });
+    connect(model.get(), &TreeMeshModel::mesh_data_added, receiver.get(),
+        [&] { watchers = owner.watchers(); });
     model->add_mesh_data(TET, 1, &owner);
     QCOMPARE(watchers, 0);
 }
@@ -342,10 +347,11 @@ void tst_TreeMeshModel::ownerIsWatchedBehindItsReceivers()
 {
     auto owner = std::make_unique<Owner>(3);
     QString seen;
-    connect(model.get(), &TreeMeshModel::mesh_data_added, this, [&](TreeMeshData*, TreeData* o) {
-        connect(o, &TreeData::treedata_destroyed, this,
-            [&](TreeData* dying) { seen += types(model->mesh_data(dying)); });
-    });
+    connect(model.get(), &TreeMeshModel::mesh_data_added, receiver.get(),
+        [&](TreeMeshData*, TreeData* o) {
+            connect(o, &TreeData::treedata_destroyed, receiver.get(),
+                [&](TreeData* dying) { seen += types(model->mesh_data(dying)); });
+        });
     model->add_mesh_data(TET, 1, owner.get());
     owner.reset();
     QVERIFY2(seen == "1", "the records had gone before a receiver of their announcement knew");
@@ -377,7 +383,7 @@ void tst_TreeMeshModel::recordOfADyingOwnerStillStandsInItsSignal()
     model->add_mesh_data(HEX, 1, owner.get());
     model->add_mesh_data(NODE, 1, owner.get());
     QStringList seen;
-    connect(model.get(), &TreeMeshModel::mesh_data_removed, this,
+    connect(model.get(), &TreeMeshModel::mesh_data_removed, receiver.get(),
         [&](TreeMeshData* md, TreeData* dying) {
             seen << (model->find_mesh_data(md->mesh_type(), dying) == md ? "stands" : "gone");
             // No list gives a record that has been deleted already.
@@ -392,9 +398,9 @@ void tst_TreeMeshModel::ownerMayDieInTheAnnouncementOfItsFirstRecord()
 {
     auto owner = std::make_unique<Owner>(3);
     recorder.reset();
-    connect(model.get(), &TreeMeshModel::mesh_data_added, this, [&] { owner.reset(); });
+    connect(model.get(), &TreeMeshModel::mesh_data_added, receiver.get(), [&] { owner.reset(); });
     int removed = 0;
-    connect(model.get(), &TreeMeshModel::mesh_data_removed, this, [&] { ++removed; });
+    connect(model.get(), &TreeMeshModel::mesh_data_removed, receiver.get(), [&] { ++removed; });
 
     QCOMPARE(model->add_mesh_data(HEX, 1, owner.get()), nullptr);
 
@@ -406,7 +412,7 @@ void tst_TreeMeshModel::ownerMayDieInTheAnnouncementOfALaterRecord()
 {
     auto owner = std::make_unique<Owner>(3);
     model->add_mesh_data(HEX, 1, owner.get());
-    connect(model.get(), &TreeMeshModel::mesh_data_added, this, [&] { owner.reset(); });
+    connect(model.get(), &TreeMeshModel::mesh_data_added, receiver.get(), [&] { owner.reset(); });
     QCOMPARE(model->add_mesh_data(NODE, 1, owner.get()), nullptr);
     QVERIFY(model->mesh_data().empty());
 }
@@ -417,7 +423,7 @@ void tst_TreeMeshModel::ownerMayDieWhenItsRecordIsRemoved()
     model->add_mesh_data(HEX, 1, owner.get());
     model->add_mesh_data(NODE, 1, owner.get());
     QStringList removed;
-    connect(model.get(), &TreeMeshModel::mesh_data_removed, this, [&](TreeMeshData* md) {
+    connect(model.get(), &TreeMeshModel::mesh_data_removed, receiver.get(), [&](TreeMeshData* md) {
         removed << QString::number(md->mesh_type());
         owner.reset();
     });
@@ -430,7 +436,7 @@ void tst_TreeMeshModel::recordMayBeRemovedInItsOwnAnnouncement()
 {
     Owner owner(3);
     model->add_mesh_data(NODE, 1, &owner);
-    connect(model.get(), &TreeMeshModel::mesh_data_added, this,
+    connect(model.get(), &TreeMeshModel::mesh_data_added, receiver.get(),
         [&](TreeMeshData* md, TreeData* o) { model->remove_mesh_data(md->mesh_type(), o); });
     QCOMPARE(model->add_mesh_data(HEX, 1, &owner), nullptr);
     QCOMPARE(types(model->mesh_data()), "8");
@@ -440,7 +446,7 @@ void tst_TreeMeshModel::ownerThatLostItsRecordInTheAnnouncementIsNotWatched()
 {
     recorder.reset();
     Owner owner(3);
-    connect(model.get(), &TreeMeshModel::mesh_data_added, this,
+    connect(model.get(), &TreeMeshModel::mesh_data_added, receiver.get(),
         [&](TreeMeshData* md, TreeData* o) { model->remove_mesh_data(md->mesh_type(), o); });
     model->add_mesh_data(HEX, 1, &owner);
     QCOMPARE(owner.watchers(), 0);
@@ -451,12 +457,13 @@ void tst_TreeMeshModel::ownerThatGotItsRecordBackInTheAnnouncementIsWatchedOnce(
     recorder.reset();
     Owner owner(3);
     bool first = true;
-    connect(model.get(), &TreeMeshModel::mesh_data_added, this, [&](TreeMeshData* md, TreeData* o) {
-        if (std::exchange(first, false)) {
-            model->remove_mesh_data(md->mesh_type(), o);
-            model->add_mesh_data(TET, 1, o);
-        }
-    });
+    connect(model.get(), &TreeMeshModel::mesh_data_added, receiver.get(),
+        [&](TreeMeshData* md, TreeData* o) {
+            if (std::exchange(first, false)) {
+                model->remove_mesh_data(md->mesh_type(), o);
+                model->add_mesh_data(TET, 1, o);
+            }
+        });
     model->add_mesh_data(HEX, 1, &owner);
     QCOMPARE(types(model->mesh_data(&owner)), "1");
     QCOMPARE(owner.watchers(), 1);
@@ -508,7 +515,7 @@ void tst_TreeMeshModel::clearedOwnersAreNotWatched()
     model->clear_mesh_data();
     QCOMPARE(owner->watchers(), 0);
     int removed = 0;
-    connect(model.get(), &TreeMeshModel::mesh_data_removed, this, [&] { ++removed; });
+    connect(model.get(), &TreeMeshModel::mesh_data_removed, receiver.get(), [&] { ++removed; });
     owner.reset();
     QCOMPARE(removed, 0);
 }
@@ -581,7 +588,7 @@ void tst_TreeMeshModel::ownerMayDieWhileItsRecordsAreCleared()
     auto owner = std::make_unique<Owner>(3);
     TreeMeshData* hexes = model->add_mesh_data(HEX, 1, owner.get());
     model->add_mesh_data(NODE, 1, owner.get());
-    connect(hexes, &TreeData::treedata_destroyed, this, [&] { owner.reset(); });
+    connect(hexes, &TreeData::treedata_destroyed, receiver.get(), [&] { owner.reset(); });
     log.take();
     model->clear_mesh_data();
     QVERIFY(model->mesh_data().empty());

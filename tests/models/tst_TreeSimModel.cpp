@@ -99,12 +99,15 @@ private Q_SLOTS:
 
 private:
     EventLog log;
+    // Of what a test connects; goes first, so that nothing runs past the test.
+    std::unique_ptr<QObject> receiver;
     std::unique_ptr<TreeSimModel> model;
     std::unique_ptr<SignalRecorder> recorder;
 };
 
 void tst_TreeSimModel::init()
 {
+    receiver = std::make_unique<QObject>();
     model = std::make_unique<TreeSimModel>();
     recorder = std::make_unique<SignalRecorder>(log);
     recorder->watch(model.get());
@@ -112,6 +115,7 @@ void tst_TreeSimModel::init()
 
 void tst_TreeSimModel::cleanup()
 {
+    receiver.reset();
     recorder.reset();
     model.reset();
     run_event_loop();
@@ -122,13 +126,13 @@ void tst_TreeSimModel::newRecordStandsInTheModelWhenAnnounced()
 {
     TreeSimModel* m = model.get();
     int standing = 0;
-    connect(m, &TreeSimModel::exodus_entity_added, this,
+    connect(m, &TreeSimModel::exodus_entity_added, receiver.get(),
         [&](TreeExodusData* r) { standing += m->find_exodus(SIDESET, 1) == r; });
-    connect(m, &TreeSimModel::fea_bc_added, this,
+    connect(m, &TreeSimModel::fea_bc_added, receiver.get(),
         [&](TreeFeaBCData* r) { standing += m->find_fea_bc(FORCE, 2) == r; });
-    connect(m, &TreeSimModel::cfd_bc_added, this,
+    connect(m, &TreeSimModel::cfd_bc_added, receiver.get(),
         [&](TreeCfdBCData* r) { standing += m->find_cfd_bc(3) == r; });
-    connect(m, &TreeSimModel::material_added, this,
+    connect(m, &TreeSimModel::material_added, receiver.get(),
         [&](TreeMaterialData* r) { standing += m->find_material(4) == r; });
 
     QCOMPARE(m->add_exodus(SIDESET, 1)->exodus_type(), SIDESET);
@@ -263,10 +267,11 @@ void tst_TreeSimModel::lastTypesHaveTheirMaps()
 void tst_TreeSimModel::addedRecordRemovedByAReceiverIsNotGivenBack()
 {
     TreeSimModel* m = model.get();
-    connect(m, &TreeSimModel::exodus_entity_added, this, [&] { m->remove_exodus(BLOCK, 1); });
-    connect(m, &TreeSimModel::fea_bc_added, this, [&] { m->remove_fea_bc(FORCE, 1); });
-    connect(m, &TreeSimModel::cfd_bc_added, this, [&] { m->clear_cfd(); });
-    connect(m, &TreeSimModel::material_added, this, [&] { m->remove_material(1); });
+    connect(
+        m, &TreeSimModel::exodus_entity_added, receiver.get(), [&] { m->remove_exodus(BLOCK, 1); });
+    connect(m, &TreeSimModel::fea_bc_added, receiver.get(), [&] { m->remove_fea_bc(FORCE, 1); });
+    connect(m, &TreeSimModel::cfd_bc_added, receiver.get(), [&] { m->clear_cfd(); });
+    connect(m, &TreeSimModel::material_added, receiver.get(), [&] { m->remove_material(1); });
     QCOMPARE(m->add_exodus(BLOCK, 1), nullptr);
     QCOMPARE(m->add_fea_bc(FORCE, 1), nullptr);
     QCOMPARE(m->add_cfd_bc(WALL, 1), nullptr);
@@ -277,15 +282,15 @@ void tst_TreeSimModel::removedRecordIsReadableInItsSignal()
 {
     TreeSimModel* m = model.get();
     QStringList seen;
-    connect(m, &TreeSimModel::exodus_entity_removed, this, [&](TreeExodusData* r) {
+    connect(m, &TreeSimModel::exodus_entity_removed, receiver.get(), [&](TreeExodusData* r) {
         seen << r->name() + (m->find_exodus(BLOCK, 1) ? " listed" : " gone");
     });
-    connect(m, &TreeSimModel::fea_bc_removed, this, [&](TreeFeaBCData* r) {
+    connect(m, &TreeSimModel::fea_bc_removed, receiver.get(), [&](TreeFeaBCData* r) {
         seen << r->name() + (m->find_fea_bc(FORCE, 1) ? " listed" : " gone");
     });
-    connect(m, &TreeSimModel::cfd_bc_removed, this,
+    connect(m, &TreeSimModel::cfd_bc_removed, receiver.get(),
         [&](TreeCfdBCData* r) { seen << r->name() + (m->find_cfd_bc(1) ? " listed" : " gone"); });
-    connect(m, &TreeSimModel::material_removed, this, [&](TreeMaterialData* r) {
+    connect(m, &TreeSimModel::material_removed, receiver.get(), [&](TreeMaterialData* r) {
         seen << r->name() + (m->find_material(1) ? " listed" : " gone");
     });
     m->add_exodus(BLOCK, 1);
@@ -320,9 +325,10 @@ void tst_TreeSimModel::removedExodusEntityLosesItsLinksSilently()
         model->cfd_add_exodus(wall, exodus);
     }
     std::size_t links_in_signal = 9;
-    connect(model.get(), &TreeSimModel::exodus_entity_removed, this, [&](TreeExodusData* exodus) {
-        links_in_signal = model->find_fea_from_exodus(exodus).size();
-    });
+    connect(model.get(), &TreeSimModel::exodus_entity_removed, receiver.get(),
+        [&](TreeExodusData* exodus) {
+            links_in_signal = model->find_fea_from_exodus(exodus).size();
+        });
     log.take();
 
     model->remove_exodus(SIDESET, 1);
@@ -451,12 +457,12 @@ void tst_TreeSimModel::linkStandsWhenAnnounced()
     TreeFeaBCData* force = m->add_fea_bc(FORCE, 2);
     TreeCfdBCData* wall = m->add_cfd_bc(WALL, 3);
     int standing = 0;
-    connect(m, &TreeSimModel::exodus_added_to_fea, this,
+    connect(m, &TreeSimModel::exodus_added_to_fea, receiver.get(),
         [&](TreeFeaBCData* bc, TreeExodusData* exodus) {
             standing += m->find_exodus_from_fea(bc) == std::vector{exodus} &&
                         m->find_fea_from_exodus(exodus) == std::vector{bc};
         });
-    connect(m, &TreeSimModel::exodus_added_to_cfd, this,
+    connect(m, &TreeSimModel::exodus_added_to_cfd, receiver.get(),
         [&](TreeCfdBCData* bc, TreeExodusData* exodus) {
             standing += m->find_exodus_from_cfd(bc) == std::vector{exodus} &&
                         m->find_cfd_from_exodus(exodus) == std::vector{bc};
@@ -528,11 +534,11 @@ void tst_TreeSimModel::linkIsGoneWhenItsRemovalIsAnnounced()
     m->fea_add_exodus(force, sideset);
     m->cfd_add_exodus(wall, sideset);
     int gone = 0;
-    connect(m, &TreeSimModel::exodus_removed_from_fea, this,
+    connect(m, &TreeSimModel::exodus_removed_from_fea, receiver.get(),
         [&](TreeFeaBCData* bc, TreeExodusData* exodus) {
             gone += m->find_exodus_from_fea(bc).empty() && m->find_fea_from_exodus(exodus).empty();
         });
-    connect(m, &TreeSimModel::exodus_removed_from_cfd, this,
+    connect(m, &TreeSimModel::exodus_removed_from_cfd, receiver.get(),
         [&](TreeCfdBCData* bc, TreeExodusData* exodus) {
             gone += m->find_exodus_from_cfd(bc).empty() && m->find_cfd_from_exodus(exodus).empty();
         });
