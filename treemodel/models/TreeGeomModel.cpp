@@ -69,10 +69,10 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
     if (node.empty()) {
         return;
     }
-    TreeGeometryData* record = node.mapped();
-    clear_associations(record);
-    Q_EMIT geometry_removed(record);
-    delete record;
+    // Nobody but this function deletes it now, also if a receiver throws.
+    const std::unique_ptr<TreeGeometryData> record(node.mapped());
+    clear_associations(record.get());
+    Q_EMIT geometry_removed(record.get());
 }
 
 void TreeGeomModel::change_geometry_id(TreeGeometryData::GeometryType type, int old_id, int new_id)
