@@ -26,6 +26,10 @@ struct WatchedMirror
     TreeModel model;
 };
 
+/// What the reading of a record logs that has neither name nor flags nor children
+/// and is in line with the kernel: the queries, and its visibility told once more.
+QStringList plain_reading(const QString& word, int id);
+
 /// Scripts a model with one of everything that geometry knows: a body of two
 /// volumes with a shared surface and hidden, named and virtual entities, a sheet
 /// body, and a free surface, curve and vertex.
