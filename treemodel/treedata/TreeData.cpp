@@ -5,7 +5,13 @@
 #include <treemodel/treedata/RecordDeaths.hpp>
 
 TreeData::TreeData(int id)
+    : TreeData(QString(), id)
+{
+}
+
+TreeData::TreeData(const QString& name, int id)
     : m_id(id)
+    , m_name(name)
 {
     qRegisterMetaType<TreeData*>();
 }
