@@ -161,7 +161,9 @@ std::vector<int> sizing_source_ids()
 void group_list(std::vector<std::string>& names, std::vector<int>& ids)
 {
     answer([&](const KernelState& state) {
-        std::vector<int> group_ids = state.ids(EntityKind::GROUP);
+        // Who reads the list from its beginning finds the groups in a group made already.
+        std::vector<int> group_ids =
+            state.groups.innermost_first(state.ids(EntityKind::GROUP));
         std::vector<std::string> group_names;
         group_names.reserve(group_ids.size());
         for (const int id : group_ids) {
