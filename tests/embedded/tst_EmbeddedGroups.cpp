@@ -281,7 +281,8 @@ void tst_EmbeddedGroups::openedModelBringsItsGroups()
     EmbeddedKernel kernel;
     kernel.create_group("Old");
     kernel.open_model(loose_ends(), "ends.step");
-    QCOMPARE(groups(), QStringLiteral("1 All, 2 Tips"));
+    // The inner one first, so that one reading of the list can nest them.
+    QCOMPARE(groups(), QStringLiteral("2 Tips, 1 All"));
     QCOMPARE(contents(1), QStringLiteral("groups 2 bodies 1"));
     QCOMPARE(contents(2), QStringLiteral("vertices 3"));
 }
