@@ -1,19 +1,12 @@
 #include <support/SignalRecorder.hpp>
 
 #include <QVariant>
-#include <treemodel/treedata/TreeGeometryData.hpp>
+#include <support/RecordText.hpp>
+#include <treemodel/treedata/TreeMeshData.hpp>
 
 namespace {
 
-// "surface 5"; a record of any other class bears the name of its class.
-QString record_text(TreeData* record)
-{
-    QString kind = QLatin1String(record->metaObject()->className());
-    if (auto* geometry = qobject_cast<TreeGeometryData*>(record)) {
-        kind = QString::fromStdString(TreeGeometryData::type_to_string(geometry->geometry_type()));
-    }
-    return kind + QLatin1Char(' ') + QString::number(record->id());
-}
+constexpr QLatin1String mesh_owner(" of ");
 
 } // namespace
 
@@ -53,6 +46,10 @@ int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void** arguments
 
 void SignalRecorder::record(const Connection& connection, void** arguments)
 {
+    if (connection.signal.name() == "mesh_data_added") {
+        name_mesh_record(*static_cast<TreeMeshData**>(arguments[1]),
+            *static_cast<TreeData**>(arguments[2]));
+    }
     QStringList texts;
     for (int i = 0; i < connection.signal.parameterCount(); ++i) {
         texts.append(text_of(connection.signal.parameterMetaType(i), arguments[i + 1]));
@@ -93,8 +90,15 @@ QString SignalRecorder::name_of(QObject* object)
     QString& known = m_watched[record];
     const QString text = record_text(record);
     const QLatin1String dying("TreeData ");
-    if (known.isEmpty() || known.startsWith(dying) || !text.startsWith(dying)) {
+    const bool tells_less = text.startsWith(dying) || known.startsWith(text + mesh_owner);
+    if (known.isEmpty() || !tells_less) {
         known = text;
     }
     return known;
+}
+
+void SignalRecorder::name_mesh_record(TreeMeshData* record, TreeData* owner)
+{
+    watch(record);
+    m_watched[record] = record_text(record) + mesh_owner + name_of(owner);
 }

@@ -56,13 +56,10 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
     if (!records) {
         return;
     }
-    // Nobody but this function deletes it now, also if a receiver throws.
-    const std::unique_ptr<TreeGeometryData> record(take_record(*records, id));
-    if (!record) {
-        return;
+    if (const auto record = take_record(*records, id)) {
+        clear_associations(record.get());
+        Q_EMIT geometry_removed(record.get());
     }
-    clear_associations(record.get());
-    Q_EMIT geometry_removed(record.get());
 }
 
 void TreeGeomModel::change_geometry_id(TreeGeometryData::GeometryType type, int old_id, int new_id)
