@@ -23,6 +23,8 @@ void SignalRecorder::watch(QObject* sender)
         return;
     }
     m_watched.insert(sender, {});
+    // Not earlier: a record is spoken of while it dies.
+    connect(sender, &QObject::destroyed, this, [this, sender] { m_watched.remove(sender); });
     const QMetaObject* meta = sender->metaObject();
     const int first_slot = QObject::staticMetaObject.methodCount();
     for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
@@ -47,8 +49,8 @@ int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void** arguments
 void SignalRecorder::record(const Connection& connection, void** arguments)
 {
     if (connection.signal.name() == "mesh_data_added") {
-        name_mesh_record(*static_cast<TreeMeshData**>(arguments[1]),
-            *static_cast<TreeData**>(arguments[2]));
+        name_mesh_record(
+            *static_cast<TreeMeshData**>(arguments[1]), *static_cast<TreeData**>(arguments[2]));
     }
     QStringList texts;
     for (int i = 0; i < connection.signal.parameterCount(); ++i) {
@@ -57,9 +59,6 @@ void SignalRecorder::record(const Connection& connection, void** arguments)
     QString prefix;
     if (qobject_cast<TreeData*>(connection.sender)) {
         prefix = name_of(connection.sender) + QLatin1String(": ");
-    }
-    if (connection.signal.name() == "treedata_destroyed") {
-        m_watched.remove(connection.sender);
     }
     m_log.add(prefix + QLatin1String(connection.signal.name()) + QLatin1Char('(') +
               texts.join(QLatin1String(", ")) + QLatin1Char(')'));
