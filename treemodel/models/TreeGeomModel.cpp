@@ -56,9 +56,7 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
     if (!records) {
         return;
     }
-    // Nobody but this function deletes it now, also if a receiver throws.
-    const std::unique_ptr<TreeGeometryData> record(take_record(*records, id));
-    if (record) {
+    if (const auto record = take_record(*records, id)) {
         clear_associations(record.get());
         Q_EMIT geometry_removed(record.get());
     }
