@@ -161,6 +161,18 @@ private Q_SLOTS:
         QTRY_VERIFY2(!is_helper_alive(), "the helper program must be ended");
     }
 
+    void helperMayBeSilentForLongerOverALargeFile()
+    {
+        m_job->set_silence_limit(100ms);
+        const auto path = script({"hang"});
+        QVERIFY(QFile::resize(path, 5'000'000));
+
+        m_log->import(path);
+
+        QVERIFY2(m_job->error_text().contains(" was ended after 1.1 s;"),
+            qPrintable(m_job->error_text()));
+    }
+
     void helperThatReportsMayTakeLongerThanTheLimit()
     {
         m_job->set_silence_limit(1s);
