@@ -338,7 +338,7 @@ private:
         if (!file.open(QIODevice::WriteOnly)) {
             qFatal("cannot write %s", qPrintable(file.fileName()));
         }
-        file.write("ISO-10303-21;\n" + commands.join(QLatin1Char('\n')).toUtf8());
+        file.write("ISO-10303-21;\n" + commands.join(QLatin1Char('\n')).toUtf8() + '\n');
         return file.fileName();
     }
 
