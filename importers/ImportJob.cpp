@@ -47,7 +47,7 @@ constexpr std::array content_rules{
     ContentRule{cad_helper, nullptr},
 };
 
-// Ends without the wait and the message that QProcess has for a program still running.
+// Ends its program without the warning that QProcess prints in that case.
 class HelperProcess : public QProcess
 {
 public:

@@ -187,6 +187,17 @@ private Q_SLOTS:
         QCOMPARE(m_log->last(), QStringLiteral("finished: Succeeded"));
     }
 
+    void slowEventLoopIsNotTakenForASilentHelper()
+    {
+        m_job->set_silence_limit(300ms);
+        connect(m_job.get(), &ImportJob::progress, this, [] { QTest::qSleep(500); });
+
+        m_log->import(
+            script({"progress 2 0.5", "sleep 100", "progress 3 0.5", "sleep 100", "model Plate"}));
+
+        QCOMPARE(m_log->last(), QStringLiteral("finished: Succeeded"));
+    }
+
     void cancelEndsTheHelperAtOnce()
     {
         m_job->start(script({"progress 2 0.5", "hang"}));
