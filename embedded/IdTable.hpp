@@ -22,7 +22,7 @@ public:
     /// Null if there is none.
     const Row* find(int id) const
     {
-        const auto page = m_pages.find(id / page_size);
+        const auto page = id > 0 ? m_pages.find(id / page_size) : m_pages.end();
         if (page == m_pages.end()) {
             return nullptr;
         }

@@ -3,6 +3,15 @@
 #include <algorithm>
 #include <utility>
 
+IdSet::IdSet(const std::vector<int>& ids)
+{
+    m_entries.reserve(qsizetype(ids.size()));
+    for (const int id : ids) {
+        m_entries.append({id});
+    }
+    sort();
+}
+
 bool IdSet::take(int id)
 {
     qsizetype place = m_next;

@@ -12,6 +12,9 @@ public:
     template <typename Record>
     explicit IdSet(const std::vector<Record*>& records);
 
+    /// Any ids; a repeated one counts once.
+    explicit IdSet(const std::vector<int>& ids);
+
     /// Takes the id out; false if it is not in the set (any more). In constant
     /// time for a list that runs along the set's order, else in logarithmic time.
     bool take(int id);

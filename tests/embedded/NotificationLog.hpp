@@ -6,10 +6,10 @@
 
 /// An observer that is registered from its construction on and writes down each notification that
 /// a kernel of the tests may send, as "surface_created 3".
-class EventLog : public KestoInterface::KIObserve
+class NotificationLog : public KestoInterface::KIObserve
 {
 public:
-    EventLog() { register_observer(); }
+    NotificationLog() { register_observer(); }
 
     /// Called with each entry after it was written, inside the notification.
     std::function<void(const QString&)> on_event;
