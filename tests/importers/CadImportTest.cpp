@@ -12,7 +12,7 @@
 using namespace std::chrono_literals;
 
 #if defined(__SANITIZE_ADDRESS__)
-constexpr int damaged_file_count = 100;
+constexpr int damaged_file_count = 60;
 #else
 constexpr int damaged_file_count = 200;
 #endif
