@@ -50,7 +50,7 @@ std::vector<int> sets_of_condition(
 {
     return answer([&](const KernelState& state) {
         const std::optional<EntityKind> kind = condition_kind(type);
-        return kind && state.contains(*kind, id) ? state.setup.rows(*kind).find(id)->*sets
+        return kind && state.contains(*kind, id) ? state.setup.row(*kind, id).*sets
                                                  : std::vector<int>();
     });
 }
@@ -158,12 +158,12 @@ std::vector<int> sizing_source_ids()
     return ids_of(EntityKind::SIZING_SOURCE);
 }
 
+// A group that is nested in another one before that one, so that whoever reads group after group
+// knows the members.
 void group_list(std::vector<std::string>& names, std::vector<int>& ids)
 {
     answer([&](const KernelState& state) {
-        // Who reads the list from its beginning finds the groups in a group made already.
-        std::vector<int> group_ids =
-            state.groups.innermost_first(state.ids(EntityKind::GROUP));
+        std::vector<int> group_ids = state.groups.innermost_first(state.ids(EntityKind::GROUP));
         std::vector<std::string> group_names;
         group_names.reserve(group_ids.size());
         for (const int id : group_ids) {
@@ -189,7 +189,7 @@ std::string get_exodus_entity_name(std::string type, int id)
 std::string get_exodus_entity_type(std::string type, int id)
 {
     return answer_for(type, id, [id](const KernelState& state, EntityKind kind) {
-        const bool is_lite = set_family.has(kind) && state.setup.rows(kind).find(id)->is_lite;
+        const bool is_lite = set_family.has(kind) && state.setup.row(kind, id).is_lite;
         return std::string(is_lite ? "lite" : "");
     });
 }

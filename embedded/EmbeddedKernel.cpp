@@ -333,7 +333,7 @@ void EmbeddedKernel::set_lite(EntityKind kind, int id, bool is_lite)
     auto& [state, announcer] = *m_contents;
     require_family(set_family, kind, "no block, sideset or nodeset");
     require_entity(state, kind, id);
-    bool& present = state.setup.rows(kind).find(id)->is_lite;
+    bool& present = state.setup.row(kind, id).is_lite;
     if (present != is_lite) {
         present = is_lite;
         announcer.tell({Notice::MODIFIED, kind, id});
@@ -375,7 +375,7 @@ void EmbeddedKernel::set_condition_sets(
     require_entity(state, kind, id);
     require_entities(state, EntityKind::SIDESET, sidesets);
     require_entities(state, EntityKind::NODESET, nodesets);
-    SetupRow& row = *state.setup.rows(kind).find(id);
+    SetupRow& row = state.setup.row(kind, id);
     if (row.sidesets != sidesets || row.nodesets != nodesets) {
         row.sidesets = sidesets;
         row.nodesets = nodesets;

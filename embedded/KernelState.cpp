@@ -57,7 +57,7 @@ std::vector<int> KernelState::ids(EntityKind kind) const
 
 std::array<int, 6> KernelState::append(const ModelData& model)
 {
-    std::array<int, 6> offsets;
+    std::array<int, 6> offsets{};
     for (std::size_t kind = 0; kind < offsets.size(); ++kind) {
         offsets[kind] = highest_id(static_cast<EntityKind>(kind));
     }
@@ -169,7 +169,7 @@ std::vector<Entity> KernelState::drop_unselected()
     };
     const auto first_dropped =
         std::stable_partition(selection.begin(), selection.end(), is_selected);
-    const std::vector<Entity> dropped(first_dropped, selection.end());
+    std::vector<Entity> dropped(first_dropped, selection.end());
     selection.erase(first_dropped, selection.end());
     return dropped;
 }

@@ -5,9 +5,9 @@
 
 void SetupStore::change_kind(EntityKind kind, int id, EntityKind new_kind)
 {
-    SetupRow row = std::move(*rows(kind).find(id));
+    SetupRow moved = std::move(row(kind, id));
     rows(kind).erase(id);
-    rows(new_kind).insert(id) = std::move(row);
+    rows(new_kind).insert(id) = std::move(moved);
 }
 
 EntitySet SetupStore::conditions_on(EntityKind set_kind, int id) const
@@ -19,7 +19,7 @@ EntitySet SetupStore::conditions_on(EntityKind set_kind, int id) const
     for (EntityKind kind = condition_family.first; kind <= condition_family.last;
          kind = next(kind)) {
         for (const int condition : rows(kind).ids()) {
-            const std::vector<int>& sets = rows(kind).find(condition)->*sets_of(set_kind);
+            const std::vector<int>& sets = row(kind, condition).*sets_of(set_kind);
             if (std::find(sets.begin(), sets.end(), id) != sets.end()) {
                 conditions.emplace(kind, condition);
             }
@@ -31,7 +31,7 @@ EntitySet SetupStore::conditions_on(EntityKind set_kind, int id) const
 void SetupStore::renumber_set(EntityKind set_kind, int id, int new_id)
 {
     for (const auto& [kind, condition] : conditions_on(set_kind, id)) {
-        std::vector<int>& sets = rows(kind).find(condition)->*sets_of(set_kind);
+        std::vector<int>& sets = row(kind, condition).*sets_of(set_kind);
         std::replace(sets.begin(), sets.end(), id, new_id);
     }
 }
@@ -39,7 +39,7 @@ void SetupStore::renumber_set(EntityKind set_kind, int id, int new_id)
 void SetupStore::forget_set(EntityKind set_kind, int id)
 {
     for (const auto& [kind, condition] : conditions_on(set_kind, id)) {
-        std::erase(rows(kind).find(condition)->*sets_of(set_kind), id);
+        std::erase(row(kind, condition).*sets_of(set_kind), id);
     }
 }
 

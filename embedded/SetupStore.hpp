@@ -27,6 +27,8 @@ public:
         return m_tables[setup_family.index(kind)];
     }
     IdTable<SetupRow>& rows(EntityKind kind) { return m_tables[setup_family.index(kind)]; }
+    const SetupRow& row(EntityKind kind, int id) const { return *rows(kind).find(id); }
+    SetupRow& row(EntityKind kind, int id) { return *rows(kind).find(id); }
 
     /// Moves an entity to another kind of the same range of ids.
     void change_kind(EntityKind kind, int id, EntityKind new_kind);

@@ -1,6 +1,7 @@
 #include "NaiveKernel.hpp"
 
 #include <algorithm>
+#include <QMap>
 #include <treemodel/kernel/KestoInterface.hpp>
 
 namespace {
@@ -246,20 +247,18 @@ QStringList dump_of_boundary()
     std::vector<std::string> names;
     std::vector<int> groups;
     group_list(names, groups);
-    std::map<int, std::string> groups_by_id;
+    QMap<int, QString> group_lines;
     for (std::size_t i = 0; i < groups.size(); ++i) {
-        groups_by_id.emplace(groups[i], names[i]);
-    }
-    for (const auto& [group, name] : groups_by_id) {
         std::array<std::vector<int>, 6> ids;
         int count = 0;
-        get_group_children(group, ids[5], ids[4], ids[3], ids[2], ids[1], ids[0], count, count,
+        get_group_children(groups[i], ids[5], ids[4], ids[3], ids[2], ids[1], ids[0], count, count,
             count, count, count, count, count, count, count);
         QStringList members;
         for (const std::vector<int>& list : ids) {
             members << text(list);
         }
-        lines << group_line(group, name, is_visible("group", group), members);
+        group_lines[groups[i]] =
+            group_line(groups[i], names[i], is_visible("group", groups[i]), members);
     }
-    return lines;
+    return lines + group_lines.values();
 }
