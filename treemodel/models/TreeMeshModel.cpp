@@ -181,8 +181,8 @@ void TreeMeshModel::announce_first_mesh_data(TreeMeshData* record, TreeData* own
     const auto guard = connect(
         owner, &QObject::destroyed, this, [this, owner] { mesh_data_owner_destroyed(owner); });
     Q_EMIT mesh_data_added(record, owner);
-    const bool owner_lives = disconnect(guard);
-    if (owner_lives && mesh_data_of(owner)) {
+    disconnect(guard);
+    if (mesh_data_of(owner)) {
         watch(owner);
     }
 }
