@@ -3,38 +3,47 @@
 #include <algorithm>
 #include <utility>
 
-IdSet::IdSet(std::vector<int> ids)
-    : m_ids(std::move(ids))
+IdSet::IdSet(const std::vector<int>& ids)
 {
-    std::sort(m_ids.begin(), m_ids.end());
-    m_ids.erase(std::unique(m_ids.begin(), m_ids.end()), m_ids.end());
-    m_taken.resize(m_ids.size());
+    m_entries.reserve(qsizetype(ids.size()));
+    for (const int id : ids) {
+        m_entries.append({id});
+    }
+    sort();
 }
 
 bool IdSet::take(int id)
 {
-    std::size_t place = m_next;
-    if (place >= m_ids.size() || m_ids[place] != id) {
-        place = std::lower_bound(m_ids.begin(), m_ids.end(), id) - m_ids.begin();
-        if (place == m_ids.size() || m_ids[place] != id) {
+    qsizetype place = m_next;
+    if (place >= m_entries.size() || m_entries[place].id != id) {
+        const auto found = std::lower_bound(m_entries.begin(), m_entries.end(), id,
+            [](const Entry& entry, int sought) { return entry.id < sought; });
+        if (found == m_entries.end() || found->id != id) {
             return false;
         }
+        place = found - m_entries.begin();
     }
     m_next = place + 1;
-    if (m_taken[place]) {
-        return false;
-    }
-    m_taken[place] = true;
-    return true;
+    return !std::exchange(m_entries[place].is_taken, true);
 }
 
 std::vector<int> IdSet::rest() const
 {
     std::vector<int> result;
-    for (std::size_t i = 0; i < m_ids.size(); ++i) {
-        if (!m_taken[i]) {
-            result.push_back(m_ids[i]);
+    for (const Entry& entry : m_entries) {
+        if (!entry.is_taken) {
+            result.push_back(entry.id);
         }
     }
     return result;
+}
+
+void IdSet::sort()
+{
+    const auto by_id = [](const Entry& left, const Entry& right) { return left.id < right.id; };
+    if (!std::is_sorted(m_entries.begin(), m_entries.end(), by_id)) {
+        std::sort(m_entries.begin(), m_entries.end(), by_id);
+    }
+    const auto same_id = [](const Entry& left, const Entry& right) { return left.id == right.id; };
+    m_entries.erase(std::unique(m_entries.begin(), m_entries.end(), same_id), m_entries.end());
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QVarLengthArray>
 #include <vector>
 
 /// The ids that the mirror holds while they are compared with a kernel's list:
@@ -7,8 +8,12 @@
 class IdSet
 {
 public:
-    /// Ids in any order; repeated ones count once.
-    explicit IdSet(std::vector<int> ids);
+    /// The ids of the records, in any order; a repeated one counts once.
+    template <typename Record>
+    explicit IdSet(const std::vector<Record*>& records);
+
+    /// Any ids; a repeated one counts once.
+    explicit IdSet(const std::vector<int>& ids);
 
     /// Takes the id out; false if it is not in the set (any more). In constant
     /// time for a list that runs along the set's order, else in logarithmic time.
@@ -18,7 +23,24 @@ public:
     std::vector<int> rest() const;
 
 private:
-    std::vector<int> m_ids;
-    std::vector<bool> m_taken;
-    std::size_t m_next = 0;
+    struct Entry
+    {
+        int id;
+        bool is_taken = false;
+    };
+
+    void sort();
+
+    QVarLengthArray<Entry, 32> m_entries;
+    qsizetype m_next = 0;
 };
+
+template <typename Record>
+IdSet::IdSet(const std::vector<Record*>& records)
+{
+    m_entries.reserve(qsizetype(records.size()));
+    for (Record* record : records) {
+        m_entries.append({record->id()});
+    }
+    sort();
+}

@@ -3,6 +3,7 @@
 
 #include <treemodel/kernel/GeometryHold.hpp>
 #include <treemodel/kernel/IdSet.hpp>
+#include <treemodel/kernel/KernelText.hpp>
 #include <treemodel/kernel/TreeKestoObserver.hpp>
 #include <treemodel/models/TreeGeomModel.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
@@ -17,16 +18,6 @@ namespace {
 GeometryType child_type(GeometryType type)
 {
     return type == TreeGeometryData::VERTEX ? type : static_cast<GeometryType>(type - 1);
-}
-
-std::vector<int> ids_of(const std::vector<TreeGeometryData*>& records)
-{
-    std::vector<int> ids;
-    ids.reserve(records.size());
-    for (TreeGeometryData* record : records) {
-        ids.push_back(record->id());
-    }
-    return ids;
 }
 
 } // namespace
@@ -120,13 +111,11 @@ void TreeKestoObserver::notify_free_entities_changed()
 {
     for (const GeometryType type :
         {TreeGeometryData::SURFACE, TreeGeometryData::CURVE, TreeGeometryData::VERTEX}) {
-        std::vector<int> parentless;
-        for (TreeGeometryData* record : m_geom_model->geometry_data(type)) {
-            if (m_geom_model->find_geometry_parents(record).empty()) {
-                parentless.push_back(record->id());
-            }
-        }
-        IdSet lost(std::move(parentless));
+        std::vector<TreeGeometryData*> parentless = m_geom_model->geometry_data(type);
+        std::erase_if(parentless, [this](TreeGeometryData* record) {
+            return !m_geom_model->find_geometry_parents(record).empty();
+        });
+        IdSet lost(parentless);
         const std::string word = TreeGeometryData::type_to_string(type);
         for (const int id : KestoInterface::get_list_of_free_ref_entities(word)) {
             lost.take(id);
@@ -143,6 +132,10 @@ void TreeKestoObserver::refresh_geometry()
              TreeGeometryData::SURFACE, TreeGeometryData::CURVE, TreeGeometryData::VERTEX}) {
         refresh_geometry_of(type);
     }
+    report_kernel_selection([](const std::string& word) {
+        GeometryType type{};
+        return TreeGeometryData::string_to_type(word, type);
+    });
 }
 
 void TreeKestoObserver::update_geometry(TreeGeometryData* geom)
@@ -174,7 +167,7 @@ void TreeKestoObserver::link(GeometryType parent_type, int parent_id, int child_
 
 void TreeKestoObserver::refresh_geometry_of(GeometryType type)
 {
-    IdSet unconfirmed(ids_of(m_geom_model->geometry_data(type)));
+    IdSet unconfirmed(m_geom_model->geometry_data(type));
     for (const int id : KestoInterface::get_entities(TreeGeometryData::type_to_string(type))) {
         unconfirmed.take(id);
         add_and_read(type, id);
@@ -205,7 +198,7 @@ void TreeKestoObserver::read_attributes(GeometryHold& hold)
     const std::string word = TreeGeometryData::type_to_string(hold.type());
     const std::string name = KestoInterface::get_entity_name(word, hold.id(), true);
     if (TreeGeometryData* geom = hold.get()) {
-        geom->set_name(QString::fromUtf8(name.c_str()));
+        geom->set_name(kernel_text(name));
     }
     const bool visible = KestoInterface::is_visible(word, hold.id());
     if (TreeGeometryData* geom = hold.get()) {
@@ -224,7 +217,7 @@ void TreeKestoObserver::read_attributes(GeometryHold& hold)
 std::vector<GeometryHold> TreeKestoObserver::reconcile_children(GeometryHold& hold)
 {
     const GeometryType type = child_type(hold.type());
-    IdSet unconfirmed(ids_of(m_geom_model->find_geometry_children(hold.get())));
+    IdSet unconfirmed(m_geom_model->find_geometry_children(hold.get()));
     std::vector<int> new_ids;
     for (const int id : KestoInterface::get_relatives(TreeGeometryData::type_to_string(hold.type()),
              hold.id(), TreeGeometryData::type_to_string(type))) {

@@ -15,7 +15,7 @@ template <typename Record>
 using RecordMap = std::map<int, Record*>;
 
 template <typename From, typename To>
-using LinkMap = std::map<From*, std::set<To*>>;
+using LinkSets = std::map<From*, std::set<To*>>;
 
 /// The record of that id and whether it is new; a new one is made of `arguments`.
 template <typename Record, typename... Arguments>
@@ -107,7 +107,7 @@ std::vector<Record*> all_records(const RecordMap<Record>& records)
 
 /// The records that `record` is linked to, in the order of their addresses.
 template <typename From, typename To>
-std::vector<To*> linked_records(const LinkMap<From, To>& links, From* record)
+std::vector<To*> linked_records(const LinkSets<From, To>& links, From* record)
 {
     const auto entry = links.find(record);
     if (entry == links.end()) {

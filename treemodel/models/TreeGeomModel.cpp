@@ -56,13 +56,12 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
     if (!records) {
         return;
     }
-    TreeGeometryData* record = take_record(*records, id);
-    if (!record) {
-        return;
+    // Nobody but this function deletes it now, also if a receiver throws.
+    const std::unique_ptr<TreeGeometryData> record(take_record(*records, id));
+    if (record) {
+        clear_associations(record.get());
+        Q_EMIT geometry_removed(record.get());
     }
-    clear_associations(record);
-    Q_EMIT geometry_removed(record);
-    delete record;
 }
 
 void TreeGeomModel::change_geometry_id(TreeGeometryData::GeometryType type, int old_id, int new_id)
@@ -109,12 +108,12 @@ void TreeGeomModel::disassociate_geometry(TreeGeometryData* parent, TreeGeometry
 
 std::vector<TreeGeometryData*> TreeGeomModel::find_geometry_children(TreeGeometryData* parent)
 {
-    return linked_records(m_children_map, parent);
+    return m_children_map.find(parent);
 }
 
 std::vector<TreeGeometryData*> TreeGeomModel::find_geometry_parents(TreeGeometryData* child)
 {
-    return linked_records(m_parents_map, child);
+    return m_parents_map.find(child);
 }
 
 void TreeGeomModel::clear()
@@ -141,19 +140,14 @@ bool TreeGeomModel::do_association(TreeGeometryData* parent, TreeGeometryData* c
     if (!parent || !child) {
         return false;
     }
-    const bool child_is_new = m_children_map[parent].insert(child).second;
-    const bool parent_is_new = m_parents_map[child].insert(parent).second;
+    const bool child_is_new = m_children_map.insert(parent, child);
+    const bool parent_is_new = m_parents_map.insert(child, parent);
     return child_is_new || parent_is_new;
 }
 
 bool TreeGeomModel::do_disassociation(TreeGeometryData* parent, TreeGeometryData* child)
 {
-    const auto children = m_children_map.find(parent);
-    if (children == m_children_map.end() || children->second.erase(child) == 0) {
-        return false;
-    }
-    m_parents_map[child].erase(parent);
-    return true;
+    return m_children_map.erase(parent, child) && m_parents_map.erase(child, parent);
 }
 
 void TreeGeomModel::clear_associations(TreeGeometryData* record)

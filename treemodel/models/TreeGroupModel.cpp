@@ -6,7 +6,7 @@ namespace {
 
 // Ends a link as seen from one side; an entry goes with its last link.
 template <typename From, typename To>
-bool erase_link(LinkMap<From, To>& links, From* from, To* to)
+bool erase_link(LinkSets<From, To>& links, From* from, To* to)
 {
     const auto entry = links.find(from);
     if (entry == links.end() || entry->second.erase(to) == 0) {

@@ -6,7 +6,7 @@ namespace {
 
 // Ends a link as seen from one side.
 template <typename From, typename To>
-bool erase_link(LinkMap<From, To>& links, From* from, To* to)
+bool erase_link(LinkSets<From, To>& links, From* from, To* to)
 {
     const auto entry = links.find(from);
     return entry != links.end() && entry->second.erase(to) > 0;
@@ -15,7 +15,7 @@ bool erase_link(LinkMap<From, To>& links, From* from, To* to)
 // The boundary conditions of one kind among those linked to the entity.
 template <typename BoundaryCondition>
 std::vector<BoundaryCondition*> linked_bcs(
-    const LinkMap<TreeExodusData, TreeData>& links, TreeExodusData* exodus)
+    const LinkSets<TreeExodusData, TreeData>& links, TreeExodusData* exodus)
 {
     std::vector<BoundaryCondition*> result;
     for (TreeData* linked : linked_records(links, exodus)) {
