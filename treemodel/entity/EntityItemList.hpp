@@ -67,6 +67,11 @@ protected:
     QList<EntityItem*>& children() { return m_children; }
 
 private:
+    friend class EntityModel;
+
+    /// Moves the child at `row` to `target`, counted without it.
+    void moveChild(int row, int target);
+
     QList<EntityItem*> m_children; // Owned
 };
 

@@ -7,6 +7,7 @@
 #include <QList>
 #include <treemodel/entity/EntityIconFactory.hpp>
 #include <treemodel/entity/EntityItem.hpp>
+#include <treemodel/entity/EntityItemList.hpp>
 #include <treemodel/treemodel_export.hpp>
 
 /// Shows a tree of EntityItem nodes in two columns, name and id, and keeps every row in
@@ -124,8 +125,11 @@ private:
     bool owns(const QModelIndex& index) const;
     Region regionOf(EntityItem* item) const;
     QModelIndex indexOf(EntityItem* item, int column) const;
+    QVariant nameData(EntityItem* item, int role) const;
+    QVariant idData(const EntityItem* item, int role) const;
     QIcon sharedIcon(const char* path) const;
     void sortChildrenOf(EntityItem* item, const QModelIndex& index);
+    void insertEntity(EntityItem* parent, int row, EntityItem* item, Region region);
     void takeEntity(EntityItem* item);
     void takeHiddenEntity(EntityItem* item);
 
