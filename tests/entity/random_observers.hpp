@@ -74,5 +74,5 @@ public:
     QString differences(const TreeReference& reference) override;
 
 private:
-    QAbstractItemModelTester m_tester;
+    std::unique_ptr<QAbstractItemModelTester> m_tester;
 };

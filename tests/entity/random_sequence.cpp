@@ -64,6 +64,9 @@ const std::vector<QString>& names()
     return all;
 }
 
+// Small trees meet the rare cases sooner than large ones.
+constexpr size_t most_nodes = 60;
+
 constexpr int lowest = std::numeric_limits<int>::min();
 constexpr int highest = std::numeric_limits<int>::max();
 constexpr int ids[] = {lowest, -3, -1, 0, 0, 1, 2, 3, 5, 8, 13, 21, 1000, highest};
@@ -169,7 +172,8 @@ QString RandomSequence::run(int count)
         auto step = steps().begin();
         while (lot >= step->weight)
             lot -= (step++)->weight;
-        (this->*step->make)();
+        const bool is_full = m_reference.nodes().size() > most_nodes;
+        is_full ? remove() : (this->*step->make)();
         difference = check();
     }
     if (difference.isEmpty())

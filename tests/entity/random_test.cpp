@@ -1,5 +1,6 @@
 #include "entity/random_observers.hpp"
 
+#include <QLoggingCategory>
 #include <QTest>
 
 /// Random sequences of operations on an item model, beside a plain reference.
@@ -11,6 +12,7 @@ class random_test : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void modelAgreesWithReference_data();
     void modelAgreesWithReference();
 
@@ -59,15 +61,21 @@ int setting(const char* name, int otherwise)
 
 Q_DECLARE_METATYPE(void (*)(RandomSequence&))
 
+void random_test::initTestCase()
+{
+    // The marks are the host's to supply, and this host has none.
+    QLoggingCategory::setFilterRules("qt.svg.warning=false");
+}
+
 void random_test::modelAgreesWithReference_data()
 {
     QTest::addColumn<Attach>("attach");
     QTest::addColumn<int>("seeds");
     QTest::addColumn<int>("steps");
 
-    QTest::newRow("alone") << Attach([](RandomSequence&) {}) << 1500 << 40;
-    QTest::newRow("long") << Attach([](RandomSequence&) {}) << 20 << 500;
-    QTest::newRow("persistent indexes") << Attach(attach_persistent_indexes) << 500 << 40;
+    QTest::newRow("alone") << Attach([](RandomSequence&) {}) << 1000 << 40;
+    QTest::newRow("long") << Attach([](RandomSequence&) {}) << 10 << 500;
+    QTest::newRow("persistent indexes") << Attach(attach_persistent_indexes) << 400 << 40;
     QTest::newRow("view") << Attach(attach_view) << 400 << 40;
     QTest::newRow("proxies") << Attach(attach_proxies) << 400 << 40;
     QTest::newRow("Qt's tester") << Attach(attach_tester) << 100 << 30;
@@ -87,9 +95,11 @@ void random_test::modelAgreesWithReference()
     for (int seed = first; seed < first + count; ++seed) {
         RandomSequence sequence{unsigned(seed)};
         attach(sequence);
-        const QString difference = sequence.run(steps);
-        QVERIFY2(
-            difference.isEmpty(), qPrintable(QString("seed %1: %2").arg(seed).arg(difference)));
+        const QString report = sequence.run(steps);
+        if (!report.isEmpty()) {
+            qWarning().noquote() << QString("seed %1: %2").arg(seed).arg(report);
+            QFAIL("the model and the reference differ: see the steps above");
+        }
         told += sequence.reference().told_places();
         open += sequence.reference().open_places();
     }
