@@ -1,60 +1,79 @@
 #include <treemodel/entity/ItemKeys.hpp>
 
 #include <algorithm>
-#include <limits>
+#include <array>
+#include <numeric>
 #include <vector>
 
 namespace {
 
+/// An item with a number that tells its place, or that it ties with others.
 struct NumberedItem
 {
     quint64 number;
     EntityItem* item;
 };
 
-/// A name with the units in which the names of a sort first differ, packed into a number
-/// that compares as they do. Most comparisons so need no look at the text.
-struct NamedItem
+/// Sorts by number: byte by byte from the lowest, leaving out those that all have in common.
+void radix_sort(std::vector<NumberedItem>& entries)
 {
-    quint64 units;
-    const QString* name;
-    EntityItem* item;
-};
-
-bool operator<(const NumberedItem& a, const NumberedItem& b)
-{
-    return a.number < b.number;
-}
-
-bool operator<(const NamedItem& a, const NamedItem& b)
-{
-    if (a.units != b.units) {
-        return a.units < b.units;
+    quint64 differing = 0;
+    for (const NumberedItem& entry : entries) {
+        differing |= entry.number ^ entries.front().number;
     }
-    return QtPrivate::compareStrings(*a.name, *b.name, Qt::CaseSensitive) < 0;
+    std::vector<NumberedItem> sorted(entries.size());
+    for (int shift = 0; shift < 64; shift += 8) {
+        const auto byte_of = [shift](quint64 number) { return number >> shift & 0xff; };
+        if (byte_of(differing) == 0) {
+            continue;
+        }
+        std::array<std::size_t, 257> starts{};
+        for (const NumberedItem& entry : entries) {
+            ++starts[byte_of(entry.number) + 1];
+        }
+        std::partial_sum(starts.begin(), starts.end(), starts.begin());
+        for (const NumberedItem& entry : entries) {
+            sorted[starts[byte_of(entry.number)]++] = entry;
+        }
+        entries.swap(sorted);
+    }
 }
 
-/// Sorts `entries` and puts their items, in that order, into `items`.
-template <typename Entry>
-void sort_items(std::vector<Entry>& entries, std::span<EntityItem*> items)
+void sort_entries(std::vector<NumberedItem>& entries)
 {
-    std::sort(entries.begin(), entries.end());
-    std::transform(entries.begin(), entries.end(), items.begin(),
-        [](const Entry& entry) { return entry.item; });
+    constexpr std::size_t worth_counting = 512;
+    if (entries.size() >= worth_counting) {
+        radix_sort(entries);
+        return;
+    }
+    std::sort(entries.begin(), entries.end(),
+        [](const NumberedItem& a, const NumberedItem& b) { return a.number < b.number; });
 }
 
-/// `numberOf` gives a number for an item, by which the items are sorted. Returns the
-/// numbers in that order.
-template <typename NumberOf>
-std::vector<NumberedItem> sort_by_number(std::span<EntityItem*> items, NumberOf numberOf)
+/// Sorts `items` by the number that `numberOf` gives for each, then calls `sortTies` for each
+/// run of items that have a number in common.
+template <typename NumberOf, typename SortTies>
+void sort_by_number(std::span<EntityItem*> items, NumberOf numberOf, SortTies sortTies)
 {
     std::vector<NumberedItem> entries;
     entries.reserve(items.size());
     for (EntityItem* item : items) {
         entries.push_back({numberOf(item), item});
     }
-    sort_items(entries, items);
-    return entries;
+    sort_entries(entries);
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        items[i] = entries[i].item;
+    }
+    for (std::size_t first = 0; first < entries.size();) {
+        std::size_t end = first + 1;
+        while (end < entries.size() && entries[end].number == entries[first].number) {
+            ++end;
+        }
+        if (end - first > 1) {
+            sortTies(items.subspan(first, end - first));
+        }
+        first = end;
+    }
 }
 
 /// A number that compares as the signed one does.
@@ -69,22 +88,22 @@ qsizetype common_prefix(QStringView a, QStringView b)
     return std::mismatch(a.begin(), a.begin() + length, b.begin()).first - a.begin();
 }
 
-/// The first eight units. One beyond Latin-1 counts as 0xff and ends them, so that
-/// it makes a tie and never a wrong order.
+/// The first eight units of a text as a number. One beyond Latin-1 counts as 0xff and ends
+/// them, so that it makes a tie and never a wrong order.
 quint64 packed(QStringView text)
 {
     constexpr quint64 beyond = 0xff;
-    quint64 units = 0;
+    quint64 number = 0;
     int shift = 64;
     for (const QChar unit : text.first(std::min<qsizetype>(text.size(), 8))) {
         const auto value = std::min<quint64>(unit.unicode(), beyond);
         shift -= 8;
-        units |= value << shift;
+        number |= value << shift;
         if (value == beyond) {
             break;
         }
     }
-    return units;
+    return number;
 }
 
 } // namespace
@@ -94,38 +113,36 @@ void NameKey::sort(std::span<EntityItem*> items)
     if (items.empty()) {
         return;
     }
-    const QString& first = items.front()->getDisplayName();
-    qsizetype prefix = first.size();
-    std::vector<NamedItem> entries;
-    entries.reserve(items.size());
-    for (EntityItem* item : items) {
-        const QString& name = item->getDisplayName();
-        prefix = common_prefix(QStringView(first).first(prefix), name);
-        entries.push_back({0, &name, item});
+    QStringView shared = items.front()->getDisplayName();
+    for (const EntityItem* item : items) {
+        shared = shared.first(common_prefix(shared, item->getDisplayName()));
     }
-    for (NamedItem& entry : entries) {
-        entry.units = packed(QStringView(*entry.name).sliced(prefix));
-    }
-    sort_items(entries, items);
+    const auto number_of = [&shared](const EntityItem* item) {
+        return packed(QStringView(item->getDisplayName()).sliced(shared.size()));
+    };
+    sort_by_number(items, number_of, [&items](std::span<EntityItem*> ties) {
+        if (ties.size() < items.size()) {
+            NameKey::sort(ties);
+            return;
+        }
+        std::sort(ties.begin(), ties.end(), [](const EntityItem* a, const EntityItem* b) {
+            return NameKey(a) < NameKey(b);
+        });
+    });
 }
 
 void IdKey::sort(std::span<EntityItem*> items)
 {
-    const auto entries =
-        sort_by_number(items, [](const EntityItem* item) { return ordered(item->getId()); });
-    for (auto run = entries.begin(); run != entries.end();) {
-        const auto end = std::find_if(run, entries.end(),
-            [run](const NumberedItem& entry) { return entry.number != run->number; });
-        if (end - run > 1) {
-            NameKey::sort(items.subspan(run - entries.begin(), end - run));
-        }
-        run = end;
-    }
+    sort_by_number(
+        items, [](const EntityItem* item) { return ordered(item->getId()); }, NameKey::sort);
 }
 
 void TypeIdKey::sort(std::span<EntityItem*> items)
 {
-    sort_by_number(items, [](const EntityItem* item) {
-        return ordered(item->getType()) << 32 | ordered(item->getId());
-    });
+    sort_by_number(
+        items,
+        [](const EntityItem* item) {
+            return ordered(item->getType()) << 32 | ordered(item->getId());
+        },
+        [](std::span<EntityItem*> /*ties*/) {});
 }
