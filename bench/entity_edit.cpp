@@ -2,7 +2,6 @@
 #include "entity_measure.hpp"
 
 #include <algorithm>
-#include <QSortFilterProxyModel>
 #include <QStandardItemModel>
 #include <QTreeView>
 #include <treemodel/entity/EntityModel.hpp>
@@ -110,19 +109,44 @@ void rename_floor(benchmark::State& state, int size)
     });
 }
 
-/// A row is taken out, its new place found by halving, and put in again. Each round gives other
-/// names, since the model is that of the rounds before.
+/// Items and names for one round of renames after the other, on a model that is used again.
+class Renames
+{
+public:
+    explicit Renames(int size)
+        : m_names(other_names(size))
+        , m_positions(random_positions(size, size))
+    {
+    }
+
+    /// Calls `rename(position, name)` for items that were not renamed in the rounds before.
+    template <class Rename>
+    void make(Rename rename)
+    {
+        for (int i = 0; i < rename_count; ++i, ++m_next) {
+            const int position = m_positions[m_next % m_positions.size()];
+            rename(position, m_names[position]);
+        }
+    }
+
+private:
+    const std::vector<QString>& m_names;
+    std::vector<int> m_positions;
+    size_t m_next = 0;
+};
+
+/// A row is taken out, its new place found by halving, and put in again.
 auto rename_standard(bool in_view)
 {
-    return [in_view, round = 0](benchmark::State& state, int size) mutable {
-        const std::vector<int> chosen = random_positions(size, rename_count);
-        const std::vector<QString>& names = other_names(size);
+    return [=, renames = std::shared_ptr<Renames>()](benchmark::State& state, int size) mutable {
+        if (!renames)
+            renames = std::make_shared<Renames>(size);
         measure(state, standard(size, in_view), [&](Standard& standard) {
             QStandardItem* parent = standard.world->parent;
-            for (int position : chosen) {
+            renames->make([&](int position, const QString& name) {
                 QStandardItem* item = standard.world->leaves[position];
                 const QList<QStandardItem*> row = parent->takeRow(item->row());
-                item->setText(names[(position + ++round) % size]);
+                item->setText(name);
                 int first = 0;
                 for (int count = parent->rowCount(); count > 0;) {
                     const int half = count / 2;
@@ -131,28 +155,7 @@ auto rename_standard(bool in_view)
                     count = before ? count - half - 1 : half;
                 }
                 parent->insertRow(first, row);
-            }
-        });
-    };
-}
-
-/// The item is renamed under a proxy that keeps its rows in order by itself.
-auto rename_proxied()
-{
-    return [round = 0](benchmark::State& state, int size) mutable {
-        const std::vector<int> chosen = random_positions(size, rename_count);
-        const std::vector<QString>& names = other_names(size);
-        const StandardWorld& world = make_standard({Shape::Flat, size}, 1);
-        const auto make = [&world] {
-            auto proxy = std::make_unique<QSortFilterProxyModel>();
-            proxy->setSourceModel(world.model);
-            proxy->sort(0);
-            benchmark::DoNotOptimize(proxy->rowCount(proxy->index(0, 0)));
-            return proxy;
-        };
-        measure(state, make, [&](auto&) {
-            for (int position : chosen)
-                world.leaves[position]->setText(names[(position + ++round) % size]);
+            });
         });
     };
 }
@@ -208,9 +211,10 @@ auto clear_model(bool in_view)
 void clear_floor(benchmark::State& state, int size)
 {
     measure(state, plain(size), [](std::unique_ptr<Plain>& plain) {
-        for (EntityItem* item : plain->sorted)
+        // The vector goes as well, as the list of the model's parent does.
+        const auto items = std::exchange(plain->sorted, {});
+        for (EntityItem* item : items)
             delete item;
-        plain->sorted.clear();
     });
 }
 
@@ -238,7 +242,6 @@ void register_edit()
             register_once("clear/" + shape + "/model", size, clear_model(in_view));
         }
     }
-    register_once("rename/flat/proxy", 100'000, rename_proxied());
     register_once("rename/flat, view/standard", 100'000, rename_standard(true));
     register_once("clear/flat/standard", 10'000, clear_standard);
     register_once("remove/flat/floor", 100'000, remove_floor);

@@ -1,5 +1,6 @@
 #include <treemodel/entity/EntityModel.hpp>
 
+#include <QFile>
 #include <treemodel/entity/EntityCategories.hpp>
 #include <vector>
 
@@ -416,8 +417,9 @@ QIcon EntityModel::sharedIcon(const char* path) const
     if (const auto known = m_sharedIcons.constFind(key); known != m_sharedIcons.cend()) {
         return *known;
     }
-    const QIcon icon(QString::fromUtf8(path));
-    if (!icon.isNull()) {
+    const QString file = QString::fromUtf8(path);
+    const QIcon icon(file);
+    if (QFile::exists(file)) {
         m_sharedIcons.insert(QByteArray(path), icon);
     }
     return icon;

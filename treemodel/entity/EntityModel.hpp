@@ -138,5 +138,5 @@ private:
     EntityIconFactory* m_icons = nullptr;  // Not owned
     int m_sortColumn = 1;
     bool m_sortAscending = true;
-    mutable QHash<QByteArray, QIcon> m_sharedIcons; // By path; never a null icon
+    mutable QHash<QByteArray, QIcon> m_sharedIcons; // By path of a file there is
 };

@@ -125,9 +125,8 @@ void NameKey::sort(std::span<EntityItem*> items)
             NameKey::sort(ties);
             return;
         }
-        std::sort(ties.begin(), ties.end(), [](const EntityItem* a, const EntityItem* b) {
-            return NameKey(a) < NameKey(b);
-        });
+        std::sort(ties.begin(), ties.end(),
+            [](const EntityItem* a, const EntityItem* b) { return NameKey(a) < NameKey(b); });
     });
 }
 
