@@ -8,8 +8,10 @@
 ///
 /// Entity `i` of a list has the id `i + 1`, counted for each kind by itself, and
 /// all references are such ids. An entity that no other one names as its child is free.
-struct ModelData {
-    struct Entity {
+struct ModelData
+{
+    struct Entity
+    {
         /// UTF-8; empty for an entity without a name of its own.
         std::string name;
         /// Ids of the kind one below: a body names volumes, a curve vertices. Each once.
@@ -18,12 +20,14 @@ struct ModelData {
         bool is_virtual = false;
     };
 
-    struct Volume : Entity {
+    struct Volume : Entity
+    {
         /// The volume of a sheet body: it holds surfaces and no solid.
         bool is_sheet = false;
     };
 
-    struct Group {
+    struct Group
+    {
         std::string name;
         std::vector<int> groups;
         std::vector<int> bodies;

@@ -12,14 +12,19 @@
 #include <string>
 #include <vector>
 
-// Defined on one side and used on the other, whatever the visibility presets
-// of either are.
-#pragma GCC visibility push(default)
+// Marks what one side defines and the other uses, so that both see it whatever
+// their presets of visibility are.
+#if defined(__GNUC__)
+#define KESTO_INTERFACE_API __attribute__((visibility("default")))
+#else
+#define KESTO_INTERFACE_API
+#endif
 
 namespace KestoInterface {
 
 /// One entity of a selection: its kind as the kernel's word, and its id.
-struct EntityRef {
+struct EntityRef
+{
     std::string type;
     int id = 0;
 };
@@ -62,7 +67,7 @@ enum KI_BCTypes : int {
 };
 
 /// Base of the kernel's named components, see get_interface().
-class KestoBaseInterface
+class KESTO_INTERFACE_API KestoBaseInterface
 {
 public:
     virtual ~KestoBaseInterface() = default;
@@ -72,7 +77,7 @@ public:
 using MaterialHandle = void*;
 
 /// The component "Material": the materials and media of the kernel.
-class MaterialInterface : public KestoBaseInterface
+class KESTO_INTERFACE_API MaterialInterface : public KestoBaseInterface
 {
 public:
     /// One handle per material and medium. The handles belong to the kernel.
@@ -88,85 +93,85 @@ public:
 // Lists of entities.
 
 /// Ids of all entities of one geometry kind, free and owned ones alike.
-std::vector<int> get_entities(const std::string& type);
+KESTO_INTERFACE_API std::vector<int> get_entities(const std::string& type);
 
 /// Ids of the surfaces, curves or vertices that rightly have no parent.
-std::vector<int> get_list_of_free_ref_entities(const std::string& type);
+KESTO_INTERFACE_API std::vector<int> get_list_of_free_ref_entities(const std::string& type);
 
-std::vector<int> get_block_id_list();
-std::vector<int> get_sideset_id_list();
-std::vector<int> get_nodeset_id_list();
+KESTO_INTERFACE_API std::vector<int> get_block_id_list();
+KESTO_INTERFACE_API std::vector<int> get_sideset_id_list();
+KESTO_INTERFACE_API std::vector<int> get_nodeset_id_list();
 
 /// Ids of all boundary conditions of the kind.
-std::vector<int> get_bc_id_list(KI_BCTypes type);
+KESTO_INTERFACE_API std::vector<int> get_bc_id_list(KI_BCTypes type);
 
 /// Ids of the sidesets (nodesets) to which the boundary condition applies.
-std::vector<int> get_sideset_id_list_for_bc(KI_BCTypes type, int bc_id);
-std::vector<int> get_nodeset_id_list_for_bc(KI_BCTypes type, int bc_id);
+KESTO_INTERFACE_API std::vector<int> get_sideset_id_list_for_bc(KI_BCTypes type, int bc_id);
+KESTO_INTERFACE_API std::vector<int> get_nodeset_id_list_for_bc(KI_BCTypes type, int bc_id);
 
-std::vector<int> get_boundary_layer_id_list();
-std::vector<int> sizing_source_ids();
+KESTO_INTERFACE_API std::vector<int> get_boundary_layer_id_list();
+KESTO_INTERFACE_API std::vector<int> sizing_source_ids();
 
 /// Fills both lists, which come in empty: `names[i]` is the name of group `ids[i]`.
-void group_list(std::vector<std::string>& names, std::vector<int>& ids);
+KESTO_INTERFACE_API void group_list(std::vector<std::string>& names, std::vector<int>& ids);
 
 // Attributes of one entity.
 
 /// The name of a geometric entity or a group; empty if it has none.
 /// `flag` is false for a group and true for every other word.
-std::string get_entity_name(const std::string& type, int id, bool flag);
+KESTO_INTERFACE_API std::string get_entity_name(const std::string& type, int id, bool flag);
 
 /// The name of a block, set, boundary condition, material or medium.
-std::string get_exodus_entity_name(std::string type, int id);
+KESTO_INTERFACE_API std::string get_exodus_entity_name(std::string type, int id);
 
 /// "lite" for a lite block, sideset or nodeset; any other word otherwise.
-std::string get_exodus_entity_type(std::string type, int id);
+KESTO_INTERFACE_API std::string get_exodus_entity_type(std::string type, int id);
 
-bool is_visible(const std::string& type, int id);
+KESTO_INTERFACE_API bool is_visible(const std::string& type, int id);
 
 /// Whether the entity itself is virtual.
-bool is_virtual(const std::string& type, int id);
+KESTO_INTERFACE_API bool is_virtual(const std::string& type, int id);
 
 /// Whether the entity is virtual or holds something virtual.
-bool contains_virtual(const std::string& type, int id);
+KESTO_INTERFACE_API bool contains_virtual(const std::string& type, int id);
 
 /// Whether the body of this volume is a sheet body. Takes a volume's id.
-bool is_sheet_body(int volume_id);
+KESTO_INTERFACE_API bool is_sheet_body(int volume_id);
 
 // Relations.
 
 /// Ids of the entities of `target_type` above or below the source entity.
 /// The first of a body's volumes is the one to ask with is_sheet_body().
-std::vector<int> get_relatives(
+KESTO_INTERFACE_API std::vector<int> get_relatives(
     const std::string& source_type, int source_id, const std::string& target_type);
 
 /// The direct members of a group. The lists come in empty and the counts zero.
-void get_group_children(int group_id, std::vector<int>& groups, std::vector<int>& bodies,
-    std::vector<int>& volumes, std::vector<int>& surfaces, std::vector<int>& curves,
-    std::vector<int>& vertices, int& nodes, int& edges, int& hexes, int& quads, int& tets,
-    int& tris, int& wedges, int& pyramids, int& spheres);
+KESTO_INTERFACE_API void get_group_children(int group_id, std::vector<int>& groups,
+    std::vector<int>& bodies, std::vector<int>& volumes, std::vector<int>& surfaces,
+    std::vector<int>& curves, std::vector<int>& vertices, int& nodes, int& edges, int& hexes,
+    int& quads, int& tets, int& tris, int& wedges, int& pyramids, int& spheres);
 
 // Selection.
 
 /// The number of entries in the kernel's selection.
-int current_selection_count();
+KESTO_INTERFACE_API int current_selection_count();
 
 /// The word (in any case) and the id of entry `index`, from 0 to the count less one.
-std::string get_selected_type(int index);
-int get_selected_id(int index);
+KESTO_INTERFACE_API std::string get_selected_type(int index);
+KESTO_INTERFACE_API int get_selected_id(int index);
 
 // Commands and components.
 
 /// Runs one command line, UTF-8, without echo. False if the kernel refuses it.
-bool silent_cmd(const char* command);
+KESTO_INTERFACE_API bool silent_cmd(const char* command);
 
 /// The component of that name, owned by the kernel, or null.
-KestoBaseInterface* get_interface(std::string name);
+KESTO_INTERFACE_API KestoBaseInterface* get_interface(std::string name);
 
 /// What the kernel calls when something has changed. A registered observer is
 /// called inside the kernel's own operation, after the change, so that the
 /// queries above already answer with the new state.
-class KIObserve
+class KESTO_INTERFACE_API KIObserve
 {
 public:
     KIObserve();
@@ -236,7 +241,9 @@ public:
 
     // Assemblies, parts and the graphics window.
     virtual void notify_assembly_tree_modified() {}
-    virtual void notify_assembly_child_added(std::string, std::string, std::string, int, int, int) {}
+    virtual void notify_assembly_child_added(std::string, std::string, std::string, int, int, int)
+    {
+    }
     virtual void notify_assembly_child_name_changed(std::string, std::string, std::string, int) {}
     virtual void notify_assembly_child_instance_changed(std::string, int, int) {}
     virtual void notify_assembly_child_description_changed(int, std::string) {}
@@ -247,7 +254,10 @@ public:
     virtual void notify_graphics_pick_type_modified() {}
 
     // Simulation set-up. `action` is "create", "modify" or "delete".
-    virtual void notify_exodus_entity_modified(std::string /*type*/, int /*id*/, std::string /*action*/) {}
+    virtual void notify_exodus_entity_modified(
+        std::string /*type*/, int /*id*/, std::string /*action*/)
+    {
+    }
     virtual void notify_material_modified(int /*id*/, std::string /*action*/) {}
     virtual void notify_material_group_modified(std::string, std::string) {}
     virtual void notify_material_property_modified(std::string, std::string) {}
@@ -302,5 +312,3 @@ public:
 using ObserverBase = KIObserve;
 
 } // namespace KestoInterface
-
-#pragma GCC visibility pop

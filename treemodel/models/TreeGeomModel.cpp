@@ -2,6 +2,8 @@
 
 #include <array>
 #include <memory>
+#include <treemodel/models/RecordMaps.hpp>
+#include <treemodel/treedata/RecordDeaths.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 #include <utility>
 
@@ -13,16 +15,6 @@ std::unique_ptr<TreeGeometryData> new_record(TreeGeometryData::GeometryType type
         return std::make_unique<TreeBodyData>(id);
     }
     return std::make_unique<TreeGeometryData>(type, id);
-}
-
-template <typename LinkMap>
-std::vector<TreeGeometryData*> linked_records(const LinkMap& links, TreeGeometryData* record)
-{
-    const auto entry = links.find(record);
-    if (entry == links.end()) {
-        return {};
-    }
-    return {entry->second.begin(), entry->second.end()};
 }
 
 } // namespace
@@ -41,19 +33,21 @@ TreeGeometryData* TreeGeomModel::add_geometry(
     if (!records) {
         return nullptr;
     }
+    const quint64 deaths = RecordDeaths::count();
     const auto place = records->lower_bound(id);
+    TreeGeometryData* record = nullptr;
     if (place != records->end() && place->first == id) {
-        TreeGeometryData* present = place->second;
-        associate_geometry(parent, present);
-        return present;
+        record = place->second;
+        associate_geometry(parent, record);
+    } else {
+        auto created = new_record(type, id);
+        records->emplace_hint(place, id, created.get());
+        record = created.release();
+        do_association(parent, record);
+        Q_EMIT geometry_added(record, parent);
     }
-    auto new_owner = new_record(type, id);
-    TreeGeometryData* record = new_owner.get();
-    records->emplace_hint(place, id, record);
-    new_owner.release();
-    do_association(parent, record);
-    Q_EMIT geometry_added(record, parent);
-    return record;
+    // A receiver may have had the record removed.
+    return deaths == RecordDeaths::count() ? record : find_geometry(type, id);
 }
 
 void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
@@ -62,18 +56,15 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
     if (!records) {
         return;
     }
-    const auto node = records->extract(id);
-    if (node.empty()) {
-        return;
+    // Nobody but this function deletes it now, also if a receiver throws.
+    const std::unique_ptr<TreeGeometryData> record(take_record(*records, id));
+    if (record) {
+        clear_associations(record.get());
+        Q_EMIT geometry_removed(record.get());
     }
-    TreeGeometryData* record = node.mapped();
-    clear_associations(record);
-    Q_EMIT geometry_removed(record);
-    delete record;
 }
 
-void TreeGeomModel::change_geometry_id(
-    TreeGeometryData::GeometryType type, int old_id, int new_id)
+void TreeGeomModel::change_geometry_id(TreeGeometryData::GeometryType type, int old_id, int new_id)
 {
     RecordMap* records = map_of(type);
     if (!records || records->contains(new_id)) {
@@ -91,24 +82,14 @@ void TreeGeomModel::change_geometry_id(
 
 TreeGeometryData* TreeGeomModel::find_geometry(TreeGeometryData::GeometryType type, int id)
 {
-    RecordMap* records = map_of(type);
-    if (!records) {
-        return nullptr;
-    }
-    const auto entry = records->find(id);
-    return entry == records->end() ? nullptr : entry->second;
+    const RecordMap* records = map_of(type);
+    return records ? find_record(*records, id) : nullptr;
 }
 
 std::vector<TreeGeometryData*> TreeGeomModel::geometry_data(TreeGeometryData::GeometryType type)
 {
-    std::vector<TreeGeometryData*> result;
-    if (const RecordMap* records = map_of(type)) {
-        result.reserve(records->size());
-        for (const auto& [id, record] : *records) {
-            result.push_back(record);
-        }
-    }
-    return result;
+    const RecordMap* records = map_of(type);
+    return records ? all_records(*records) : std::vector<TreeGeometryData*>();
 }
 
 void TreeGeomModel::associate_geometry(TreeGeometryData* parent, TreeGeometryData* child)
@@ -127,12 +108,12 @@ void TreeGeomModel::disassociate_geometry(TreeGeometryData* parent, TreeGeometry
 
 std::vector<TreeGeometryData*> TreeGeomModel::find_geometry_children(TreeGeometryData* parent)
 {
-    return linked_records(m_children_map, parent);
+    return m_children_map.find(parent);
 }
 
 std::vector<TreeGeometryData*> TreeGeomModel::find_geometry_parents(TreeGeometryData* child)
 {
-    return linked_records(m_parents_map, child);
+    return m_parents_map.find(child);
 }
 
 void TreeGeomModel::clear()
@@ -142,10 +123,7 @@ void TreeGeomModel::clear()
     m_parents_map.clear();
     for (RecordMap* records :
         {&m_body_map, &m_volume_map, &m_surface_map, &m_curve_map, &m_vertex_map}) {
-        for (const auto& [id, record] : *records) {
-            delete record;
-        }
-        records->clear();
+        delete_records(*records);
     }
 }
 
@@ -162,19 +140,14 @@ bool TreeGeomModel::do_association(TreeGeometryData* parent, TreeGeometryData* c
     if (!parent || !child) {
         return false;
     }
-    const bool child_is_new = m_children_map[parent].insert(child).second;
-    const bool parent_is_new = m_parents_map[child].insert(parent).second;
+    const bool child_is_new = m_children_map.insert(parent, child);
+    const bool parent_is_new = m_parents_map.insert(child, parent);
     return child_is_new || parent_is_new;
 }
 
 bool TreeGeomModel::do_disassociation(TreeGeometryData* parent, TreeGeometryData* child)
 {
-    const auto children = m_children_map.find(parent);
-    if (children == m_children_map.end() || children->second.erase(child) == 0) {
-        return false;
-    }
-    m_parents_map[child].erase(parent);
-    return true;
+    return m_children_map.erase(parent, child) && m_parents_map.erase(child, parent);
 }
 
 void TreeGeomModel::clear_associations(TreeGeometryData* record)

@@ -2,7 +2,7 @@
 
 #include <map>
 #include <QObject>
-#include <set>
+#include <treemodel/models/LinkMap.hpp>
 #include <treemodel/treedata/TreeGeometryData.hpp>
 #include <treemodel/treemodel_export.hpp>
 #include <vector>
@@ -72,7 +72,7 @@ Q_SIGNALS:
 
 private:
     using RecordMap = std::map<int, TreeGeometryData*>;
-    using LinkMap = std::map<TreeGeometryData*, std::set<TreeGeometryData*>>;
+    using Links = LinkMap<TreeGeometryData, TreeGeometryData>;
 
     RecordMap* map_of(TreeGeometryData::GeometryType type);
     bool do_association(TreeGeometryData* parent, TreeGeometryData* child);
@@ -84,6 +84,6 @@ private:
     RecordMap m_surface_map;
     RecordMap m_curve_map;
     RecordMap m_vertex_map;
-    LinkMap m_children_map;
-    LinkMap m_parents_map;
+    Links m_children_map;
+    Links m_parents_map;
 };

@@ -1,10 +1,17 @@
 #include <treemodel/treedata/TreeData.hpp>
 
 #include <QMetaType>
+#include <QPointer>
 #include <treemodel/treedata/RecordDeaths.hpp>
 
 TreeData::TreeData(int id)
+    : TreeData(QString(), id)
+{
+}
+
+TreeData::TreeData(const QString& name, int id)
     : m_id(id)
+    , m_name(name)
 {
     qRegisterMetaType<TreeData*>();
 }
@@ -23,8 +30,9 @@ int TreeData::id()
 void TreeData::set_id(int new_id)
 {
     m_id = new_id;
+    const QPointer<TreeData> self(this);
     Q_EMIT id_changed(new_id);
-    if (!has_own_name()) {
+    if (self && !has_own_name()) {
         Q_EMIT name_changed(default_name());
     }
 }

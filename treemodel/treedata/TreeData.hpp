@@ -49,6 +49,9 @@ Q_SIGNALS:
     void treedata_destroyed(TreeData*);
 
 protected:
+    /// A record that starts with a name of its own.
+    TreeData(const QString& name, int id);
+
     /// True if the record has a name of its own, so that name() is not the default name.
     bool has_own_name();
 

@@ -1,32 +1,29 @@
 #include <treemodel/treedata/TreeGeometryData.hpp>
 
-#include <algorithm>
-#include <array>
 #include <QMetaType>
+#include <QPointer>
+#include <treemodel/treedata/KindTable.hpp>
 
 namespace {
 
-struct GeometryKind {
-    const char* word;
+using GeometryType = TreeGeometryData::GeometryType;
+
+struct GeometryKind
+{
+    KindWord word;
     const char* label;
 };
 
-// Indexed by GeometryType.
-constexpr std::array<GeometryKind, 5> geometry_kinds{{
-    {"vertex", QT_TRANSLATE_NOOP("TreeGeometryData", "Vertex ")},
-    {"curve", QT_TRANSLATE_NOOP("TreeGeometryData", "Curve ")},
-    {"surface", QT_TRANSLATE_NOOP("TreeGeometryData", "Surface ")},
-    {"volume", QT_TRANSLATE_NOOP("TreeGeometryData", "Volume ")},
-    {"body", QT_TRANSLATE_NOOP("TreeGeometryData", "Body ")},
-}};
-
-constexpr GeometryKind unknown_kind{"", QT_TRANSLATE_NOOP("TreeGeometryData", "Geometry ")};
-
-const GeometryKind& kind_of(TreeGeometryData::GeometryType type)
-{
-    const auto index = static_cast<std::size_t>(type);
-    return index < geometry_kinds.size() ? geometry_kinds[index] : unknown_kind;
-}
+constexpr KindTable<GeometryType, GeometryKind, 5> kinds{
+    {{
+        {"vertex", QT_TRANSLATE_NOOP("TreeGeometryData", "Vertex ")},
+        {"curve", QT_TRANSLATE_NOOP("TreeGeometryData", "Curve ")},
+        {"surface", QT_TRANSLATE_NOOP("TreeGeometryData", "Surface ")},
+        {"volume", QT_TRANSLATE_NOOP("TreeGeometryData", "Volume ")},
+        {{"body", "sheet body"}, QT_TRANSLATE_NOOP("TreeGeometryData", "Body ")},
+    }},
+    {"", QT_TRANSLATE_NOOP("TreeGeometryData", "Geometry ")},
+};
 
 const QLatin1String virtual_suffix(" (v)");
 
@@ -55,7 +52,11 @@ void TreeGeometryData::set_virtual(bool is_virtual)
         return;
     }
     m_is_virtual = is_virtual;
+    const QPointer<TreeGeometryData> self(this);
     Q_EMIT virtual_changed(is_virtual);
+    if (!self) {
+        return;
+    }
     if (has_own_name()) {
         set_name(name());
     } else {
@@ -77,27 +78,17 @@ void TreeGeometryData::set_name(const QString& name)
 
 bool TreeGeometryData::string_to_type(const std::string& text, GeometryType& type)
 {
-    if (text == "sheet body") {
-        type = BODY;
-        return true;
-    }
-    const auto kind = std::find_if(geometry_kinds.begin(), geometry_kinds.end(),
-        [&text](const GeometryKind& candidate) { return text == candidate.word; });
-    if (kind == geometry_kinds.end()) {
-        return false;
-    }
-    type = static_cast<GeometryType>(kind - geometry_kinds.begin());
-    return true;
+    return kinds.find(text, type);
 }
 
 std::string TreeGeometryData::type_to_string(GeometryType type)
 {
-    return kind_of(type).word;
+    return std::string(kinds[type].word.usual);
 }
 
 QString TreeGeometryData::default_name()
 {
-    QString text = tr(kind_of(m_geometry_type).label) + QString::number(id());
+    QString text = tr(kinds[m_geometry_type].label) + QString::number(id());
     if (m_is_virtual) {
         text += virtual_suffix;
     }
@@ -106,5 +97,5 @@ QString TreeGeometryData::default_name()
 
 QString TreeGeometryData::base_name()
 {
-    return tr(kind_of(m_geometry_type).label);
+    return tr(kinds[m_geometry_type].label);
 }

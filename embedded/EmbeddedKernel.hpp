@@ -1,0 +1,137 @@
+#pragma once
+
+#include <embedded/ElementCounts.hpp>
+#include <embedded/embedded_export.hpp>
+#include <embedded/EntityKind.hpp>
+#include <embedded/ModelData.hpp>
+#include <memory>
+#include <string>
+#include <vector>
+
+/// A kernel in memory: holds a model that a program builds and changes through it, answers the
+/// functions of the kernel boundary for it, and tells the registered observers of each change.
+///
+/// The kernel made last is the active one, for which the functions of the boundary answer and whose
+/// changes are told; when it is destroyed, no kernel is. Observers belong to no kernel and
+/// stay registered. A kernel must not be destroyed from inside a notification.
+///
+/// Geometry is bodies over volumes over surfaces over curves over vertices. A child may have any
+/// number of parents; an entity without a parent is free. Ids are above 0 and unique within
+/// a kind, and a new entity gets the id after the highest present one.
+///
+/// An operation given something that makes no sense (an unknown id, a taken id, a link that is
+/// there already) throws std::invalid_argument with a sentence about it and changes nothing.
+/// Otherwise the whole change is made first and then told, before the operation returns; the
+/// notifications are listed with each operation, in their order. What changes nothing tells
+/// nothing.
+///
+/// Where a list says "modified", it means notify_body_modified, notify_volume_modified,
+/// notify_surface_modified and notify_group_modified; a curve and a vertex, which have no such
+/// notification, are told by notify_curve_added and notify_vertex_added, upon which an observer
+/// reads them anew. Whenever a volume is told to be modified, so are its bodies after all
+/// modified volumes, by notify_body_changed. Several entities of one kind come by ascending id.
+///
+/// Observers may call the functions of the boundary, register and unregister, and call operations
+/// of the kernel, from inside a notification. Such an operation tells its own change before it
+/// returns. What the outer operation has left to tell is told after that, so far as it is still
+/// true; a new id given from inside a notification is told as a removal, an addition and the
+/// modification of parents and groups.
+class EMBEDDED_EXPORT EmbeddedKernel
+{
+public:
+    /// An empty kernel. Tells nothing.
+    EmbeddedKernel();
+    EmbeddedKernel(const EmbeddedKernel&) = delete;
+    EmbeddedKernel& operator=(const EmbeddedKernel&) = delete;
+    ~EmbeddedKernel();
+
+    // Whole models. A model with a flaw (a reference to nothing or a repeated one, a group
+    // that holds itself) is refused as a whole.
+
+    /// Puts the model in the place of everything. Tells notify_kes_file_opened(file).
+    void open_model(const ModelData& model, const std::string& file);
+
+    /// The same without a file. Tells notify_model_replaced.
+    void replace_model(const ModelData& model);
+
+    /// Adds the model: its entity `i` gets the id that is `i` above the highest one of its kind.
+    /// Tells each entity from the bodies down by notify_body_added, notify_volume_created,
+    /// notify_surface_added, notify_curve_added, notify_vertex_added, then each group by
+    /// notify_group_created, a group in another one before that one.
+    void import_model(const ModelData& model);
+
+    /// Leaves an empty kernel. Tells notify_model_reset.
+    void clear();
+
+    /// Changes nothing and tells notify_model_refresh_requested.
+    void request_refresh();
+
+    // Geometry.
+
+    /// Each makes an entity with the given children of the kind below and gives back its id.
+    /// Tells notify_..._created of it.
+    int create_body(const std::vector<int>& volumes = {}, const std::string& name = {});
+    int create_volume(const std::vector<int>& surfaces = {}, const std::string& name = {});
+    int create_surface(const std::vector<int>& curves = {}, const std::string& name = {});
+    int create_curve(const std::vector<int>& vertices = {}, const std::string& name = {});
+    int create_vertex(const std::string& name = {});
+
+    /// Makes a body with one volume that is a sheet and holds the surfaces, and gives back
+    /// the id of the body. Tells notify_body_created and notify_volume_created.
+    int create_sheet_body(const std::vector<int>& surfaces = {}, const std::string& name = {});
+
+    /// Hangs an entity of the kind below under the parent, as its last child. Tells the
+    /// parent modified, and whatever holds it and now holds something virtual.
+    void relate(EntityKind parent_kind, int parent, int child);
+
+    /// Takes a child away from the parent. It stays, free if that was its last parent. Tells
+    /// the parent modified, and whatever holds it and no longer holds something virtual; then
+    /// notify_free_entities_changed if a surface, curve or vertex became free.
+    void unrelate(EntityKind parent_kind, int parent, int child);
+
+    /// Makes the volume that of a sheet body or of a solid one. Tells the volume modified.
+    void set_sheet(int volume, bool is_sheet);
+
+    /// Of a geometric entity. Tells it modified, and whatever holds it and thereby begins or ceases
+    /// to hold something virtual, from the lowest kind to the body.
+    void set_virtual(EntityKind kind, int id, bool is_virtual);
+
+    // Groups: named collections of entities of any geometric kind and of groups.
+
+    /// Tells notify_group_created. The group is empty.
+    int create_group(const std::string& name = {});
+
+    /// Adds entities of one kind, those that are members already once more in vain. A group
+    /// cannot come to hold itself. Tells the group modified.
+    void add_to_group(int group, EntityKind kind, const std::vector<int>& ids);
+
+    /// Takes entities of one kind out, if they are members. Tells the group modified.
+    void remove_from_group(int group, EntityKind kind, const std::vector<int>& ids);
+
+    /// Sets how many elements of each kind the group holds, none below 0. Tells the group modified.
+    void set_element_counts(int group, const ElementCounts& counts);
+
+    // Any entity.
+
+    /// Gives it a name, UTF-8, empty for none. Tells notify_entity_name_changed.
+    void rename(EntityKind kind, int id, const std::string& name);
+
+    /// Gives it an id above 0 that is not in use. Tells notify_entity_id_changed.
+    void renumber(EntityKind kind, int id, int new_id);
+
+    /// Shows or hides it. Tells notify_entity_visibility_changed.
+    void set_visible(EntityKind kind, int id, bool is_visible);
+
+    /// Deletes it. With a geometric entity goes whatever hangs beneath it and under nothing else.
+    /// The members of a group stay. Tells notify_..._deleted of it; notify_..._removed of what went
+    /// along, from the highest kind to the vertices; then its parents, and whatever no longer holds
+    /// something virtual, modified; then the groups that lost a member modified.
+    void remove(EntityKind kind, int id);
+
+private:
+    struct Contents;
+
+    int create(EntityKind kind, const std::vector<int>& children, const std::string& name);
+
+    std::unique_ptr<Contents> m_contents;
+};

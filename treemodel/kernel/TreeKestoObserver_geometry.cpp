@@ -1,0 +1,258 @@
+// Geometry: the notifications of single entities, the reading of one record, and
+// the reconciliation of all of them.
+
+#include <treemodel/kernel/GeometryHold.hpp>
+#include <treemodel/kernel/IdSet.hpp>
+#include <treemodel/kernel/KernelText.hpp>
+#include <treemodel/kernel/TreeKestoObserver.hpp>
+#include <treemodel/models/TreeGeomModel.hpp>
+#include <treemodel/treedata/TreeBodyData.hpp>
+
+#include <algorithm>
+
+using GeometryType = TreeGeometryData::GeometryType;
+
+namespace {
+
+// The kind one level down; a vertex is its own.
+GeometryType child_type(GeometryType type)
+{
+    return type == TreeGeometryData::VERTEX ? type : static_cast<GeometryType>(type - 1);
+}
+
+} // namespace
+
+void TreeKestoObserver::notify_body_created(int id)
+{
+    add_and_read(TreeGeometryData::BODY, id);
+}
+
+void TreeKestoObserver::notify_body_deleted(int id)
+{
+    m_geom_model->remove_geometry(TreeGeometryData::BODY, id);
+}
+
+void TreeKestoObserver::notify_body_modified(int id)
+{
+    add_and_read(TreeGeometryData::BODY, id);
+}
+
+void TreeKestoObserver::notify_volume_modified(int id)
+{
+    m_geom_model->add_geometry(TreeGeometryData::VOLUME, id, nullptr);
+    const bool sheet = KestoInterface::is_sheet_body(id);
+    for (const int body_id : KestoInterface::get_relatives("volume", id, "body")) {
+        link(TreeGeometryData::BODY, body_id, id);
+        TreeGeometryData* body = m_geom_model->find_geometry(TreeGeometryData::BODY, body_id);
+        if (auto* body_data = qobject_cast<TreeBodyData*>(body)) {
+            body_data->set_sheet_body(sheet);
+        }
+    }
+    update_geometry(m_geom_model->find_geometry(TreeGeometryData::VOLUME, id));
+}
+
+void TreeKestoObserver::notify_volume_created(int id)
+{
+    add_and_read(TreeGeometryData::VOLUME, id);
+}
+
+void TreeKestoObserver::notify_volume_deleted(int id)
+{
+    m_geom_model->remove_geometry(TreeGeometryData::VOLUME, id);
+}
+
+void TreeKestoObserver::notify_surface_created(int id)
+{
+    add_and_read(TreeGeometryData::SURFACE, id);
+}
+
+void TreeKestoObserver::notify_surface_deleted(int id)
+{
+    m_geom_model->remove_geometry(TreeGeometryData::SURFACE, id);
+}
+
+void TreeKestoObserver::notify_surface_modified(int id)
+{
+    // The links of a known surface come from its volumes, which are told apart.
+    if (TreeGeometryData* known = m_geom_model->find_geometry(TreeGeometryData::SURFACE, id)) {
+        update_geometry(known);
+        return;
+    }
+    m_geom_model->add_geometry(TreeGeometryData::SURFACE, id, nullptr);
+    for (const int volume_id : KestoInterface::get_relatives("surface", id, "volume")) {
+        link(TreeGeometryData::VOLUME, volume_id, id);
+    }
+    update_geometry(m_geom_model->find_geometry(TreeGeometryData::SURFACE, id));
+}
+
+void TreeKestoObserver::notify_curve_created(int id)
+{
+    add_and_read(TreeGeometryData::CURVE, id);
+}
+
+void TreeKestoObserver::notify_curve_deleted(int id)
+{
+    m_geom_model->remove_geometry(TreeGeometryData::CURVE, id);
+}
+
+void TreeKestoObserver::notify_vertex_created(int id)
+{
+    add_and_read(TreeGeometryData::VERTEX, id);
+}
+
+void TreeKestoObserver::notify_vertex_deleted(int id)
+{
+    m_geom_model->remove_geometry(TreeGeometryData::VERTEX, id);
+}
+
+// Removes what has lost its place. From the top down, so that what hung only
+// under a removed surface is found without a parent in its turn.
+void TreeKestoObserver::notify_free_entities_changed()
+{
+    for (const GeometryType type :
+        {TreeGeometryData::SURFACE, TreeGeometryData::CURVE, TreeGeometryData::VERTEX}) {
+        std::vector<TreeGeometryData*> parentless = m_geom_model->geometry_data(type);
+        std::erase_if(parentless, [this](TreeGeometryData* record) {
+            return !m_geom_model->find_geometry_parents(record).empty();
+        });
+        IdSet lost(parentless);
+        const std::string word = TreeGeometryData::type_to_string(type);
+        for (const int id : KestoInterface::get_list_of_free_ref_entities(word)) {
+            lost.take(id);
+        }
+        for (const int id : lost.rest()) {
+            m_geom_model->remove_geometry(type, id);
+        }
+    }
+}
+
+void TreeKestoObserver::refresh_geometry()
+{
+    for (const GeometryType type : {TreeGeometryData::BODY, TreeGeometryData::VOLUME,
+             TreeGeometryData::SURFACE, TreeGeometryData::CURVE, TreeGeometryData::VERTEX}) {
+        refresh_geometry_of(type);
+    }
+    report_kernel_selection([](const std::string& word) {
+        GeometryType type{};
+        return TreeGeometryData::string_to_type(word, type);
+    });
+}
+
+void TreeKestoObserver::update_geometry(TreeGeometryData* geom)
+{
+    if (!geom) {
+        return;
+    }
+    GeometryHold hold(*m_geom_model, geom);
+    if (hold.type() == TreeGeometryData::BODY) {
+        read_body(hold);
+    }
+    read_attributes(hold);
+    if (hold.type() != TreeGeometryData::VERTEX && hold.get()) {
+        read_children(hold, reconcile_children(hold));
+    }
+}
+
+void TreeKestoObserver::add_and_read(GeometryType type, int id)
+{
+    update_geometry(m_geom_model->add_geometry(type, id, nullptr));
+}
+
+// Links two records of neighbouring kinds; one that is missing is not made.
+void TreeKestoObserver::link(GeometryType parent_type, int parent_id, int child_id)
+{
+    m_geom_model->associate_geometry(m_geom_model->find_geometry(parent_type, parent_id),
+        m_geom_model->find_geometry(child_type(parent_type), child_id));
+}
+
+void TreeKestoObserver::refresh_geometry_of(GeometryType type)
+{
+    IdSet unconfirmed(m_geom_model->geometry_data(type));
+    for (const int id : KestoInterface::get_entities(TreeGeometryData::type_to_string(type))) {
+        unconfirmed.take(id);
+        add_and_read(type, id);
+    }
+    for (const int id : unconfirmed.rest()) {
+        m_geom_model->remove_geometry(type, id);
+    }
+}
+
+// The kernel answers for a body's sheet flag by the body's first volume.
+void TreeKestoObserver::read_body(GeometryHold& hold)
+{
+    const std::vector<int> volumes = KestoInterface::get_relatives("body", hold.id(), "volume");
+    if (auto* body = qobject_cast<TreeBodyData*>(hold.get())) {
+        body->set_multi_volume(volumes.size() >= 2);
+    }
+    if (volumes.empty() || !hold.get()) {
+        return;
+    }
+    const bool sheet = KestoInterface::is_sheet_body(volumes.front());
+    if (auto* body = qobject_cast<TreeBodyData*>(hold.get())) {
+        body->set_sheet_body(sheet);
+    }
+}
+
+void TreeKestoObserver::read_attributes(GeometryHold& hold)
+{
+    const std::string word = TreeGeometryData::type_to_string(hold.type());
+    const std::string name = KestoInterface::get_entity_name(word, hold.id(), true);
+    if (TreeGeometryData* geom = hold.get()) {
+        geom->set_name(kernel_text(name));
+    }
+    const bool visible = KestoInterface::is_visible(word, hold.id());
+    if (TreeGeometryData* geom = hold.get()) {
+        geom->set_visible(visible);
+    }
+    const bool is_virtual = hold.type() == TreeGeometryData::VOLUME
+                                ? KestoInterface::contains_virtual(word, hold.id())
+                                : KestoInterface::is_virtual(word, hold.id());
+    if (TreeGeometryData* geom = hold.get()) {
+        geom->set_virtual(is_virtual);
+    }
+}
+
+// Brings the links to the children in line with the kernel and gives back the
+// children that were not linked before, in the order in which they were linked.
+std::vector<GeometryHold> TreeKestoObserver::reconcile_children(GeometryHold& hold)
+{
+    const GeometryType type = child_type(hold.type());
+    IdSet unconfirmed(m_geom_model->find_geometry_children(hold.get()));
+    std::vector<int> new_ids;
+    for (const int id : KestoInterface::get_relatives(TreeGeometryData::type_to_string(hold.type()),
+             hold.id(), TreeGeometryData::type_to_string(type))) {
+        if (!unconfirmed.take(id)) {
+            new_ids.push_back(id);
+        }
+    }
+    std::sort(new_ids.begin(), new_ids.end());
+    new_ids.erase(std::unique(new_ids.begin(), new_ids.end()), new_ids.end());
+
+    std::vector<GeometryHold> gained;
+    for (const int id : new_ids) {
+        if (!hold.get()) {
+            break;
+        }
+        if (TreeGeometryData* child = m_geom_model->add_geometry(type, id, hold.get())) {
+            gained.emplace_back(*m_geom_model, child);
+        }
+    }
+    for (const int id : unconfirmed.rest()) {
+        m_geom_model->disassociate_geometry(hold.get(), m_geom_model->find_geometry(type, id));
+    }
+    return gained;
+}
+
+void TreeKestoObserver::read_children(GeometryHold& hold, std::vector<GeometryHold> gained)
+{
+    TreeGeometryData* geom = hold.get();
+    if (geom && geom->is_virtual()) {
+        gained.clear();
+        for (TreeGeometryData* child : m_geom_model->find_geometry_children(geom)) {
+            gained.emplace_back(*m_geom_model, child);
+        }
+    }
+    for (GeometryHold& child : gained) {
+        update_geometry(child.get());
+    }
+}

@@ -1,0 +1,117 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <QObject>
+#include <set>
+#include <treemodel/treedata/RecordDeaths.hpp>
+#include <utility>
+#include <vector>
+
+// What the domain models have in common: records by id, owned, and links
+// between records, not owned and held once from each side. Internal.
+
+template <typename Record>
+using RecordMap = std::map<int, Record*>;
+
+template <typename From, typename To>
+using LinkSets = std::map<From*, std::set<To*>>;
+
+/// The record of that id and whether it is new; a new one is made of `arguments`.
+template <typename Record, typename... Arguments>
+std::pair<Record*, bool> find_or_add_record(
+    RecordMap<Record>& records, int id, Arguments&&... arguments)
+{
+    const auto place = records.lower_bound(id);
+    if (place != records.end() && place->first == id) {
+        return {place->second, false};
+    }
+    auto owner = std::make_unique<Record>(std::forward<Arguments>(arguments)...);
+    Record* record = owner.get();
+    records.emplace_hint(place, id, record);
+    owner.release();
+    return {record, true};
+}
+
+/// Null if there is none.
+template <typename Record>
+Record* find_record(const RecordMap<Record>& records, int id)
+{
+    const auto entry = records.find(id);
+    return entry == records.end() ? nullptr : entry->second;
+}
+
+/// The record of that id; a new one is made of `arguments` and told of by the `added` signal
+/// of `model`. Null if a receiver has had it removed.
+template <typename Model, typename Record, typename... Arguments>
+Record* add_record(RecordMap<Record>& records, Model* model, void (Model::*added)(Record*), int id,
+    Arguments&&... arguments)
+{
+    const quint64 deaths = RecordDeaths::count();
+    const auto [record, is_new] =
+        find_or_add_record(records, id, std::forward<Arguments>(arguments)...);
+    if (is_new) {
+        Q_EMIT(model->*added)(record);
+    }
+    return deaths == RecordDeaths::count() ? record : find_record(records, id);
+}
+
+/// Hands the record over to the caller; null if there is none.
+template <typename Record>
+Record* take_record(RecordMap<Record>& records, int id)
+{
+    const auto node = records.extract(id);
+    return node.empty() ? nullptr : node.mapped();
+}
+
+/// Moves a record to a new id, if it is there. A record that stood under that id
+/// leaves the map and stays alive, with its links, until `model` goes.
+template <typename Record>
+void change_record_id(RecordMap<Record>& records, int old_id, int new_id, QObject* model)
+{
+    auto node = records.extract(old_id);
+    if (node.empty()) {
+        return;
+    }
+    Record* record = node.mapped();
+    node.key() = new_id;
+    const auto place = records.insert(std::move(node));
+    if (!place.inserted) {
+        Record* displaced = std::exchange(place.position->second, record);
+        displaced->setParent(model);
+    }
+    record->set_id(new_id);
+}
+
+/// Deletes the records by ascending id. The map is empty before the first one dies,
+/// so that whoever is told of a death finds no record that is already gone.
+template <typename Record>
+void delete_records(RecordMap<Record>& records)
+{
+    for (const auto& [id, record] : std::exchange(records, {})) {
+        delete record;
+    }
+}
+
+/// By ascending id.
+template <typename Record>
+std::vector<Record*> all_records(const RecordMap<Record>& records)
+{
+    std::vector<Record*> result;
+    result.reserve(records.size());
+    for (const auto& [id, record] : records) {
+        result.push_back(record);
+    }
+    return result;
+}
+
+/// The records that `record` is linked to, in the order of their addresses.
+template <typename From, typename To>
+std::vector<To*> linked_records(const LinkSets<From, To>& links, From* record)
+{
+    const auto entry = links.find(record);
+    if (entry == links.end()) {
+        return {};
+    }
+    return {entry->second.begin(), entry->second.end()};
+}

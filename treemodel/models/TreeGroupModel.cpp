@@ -1,0 +1,149 @@
+#include <treemodel/models/TreeGroupModel.hpp>
+
+#include <treemodel/models/RecordMaps.hpp>
+
+namespace {
+
+// Ends a link as seen from one side; an entry goes with its last link.
+template <typename From, typename To>
+bool erase_link(LinkSets<From, To>& links, From* from, To* to)
+{
+    const auto entry = links.find(from);
+    if (entry == links.end() || entry->second.erase(to) == 0) {
+        return false;
+    }
+    if (entry->second.empty()) {
+        links.erase(entry);
+    }
+    return true;
+}
+
+} // namespace
+
+TreeGroupModel::TreeGroupModel() = default;
+
+TreeGroupModel::~TreeGroupModel()
+{
+    clear();
+}
+
+TreeGroupData* TreeGroupModel::add_group(const QString& name, int id)
+{
+    const quint64 deaths = RecordDeaths::count();
+    const auto [group, is_new] = find_or_add_record(m_group_map, id, name, id);
+    if (is_new) {
+        Q_EMIT group_added(group);
+    } else if (name != group->name()) {
+        group->set_name(name);
+    }
+    return deaths == RecordDeaths::count() ? group : find_group(id);
+}
+
+void TreeGroupModel::remove_group(int id)
+{
+    TreeGroupData* group = take_record(m_group_map, id);
+    if (!group) {
+        return;
+    }
+    clear_associations(group);
+    Q_EMIT group_removed(group);
+    delete group;
+}
+
+void TreeGroupModel::change_group_id(int old_id, int new_id)
+{
+    change_record_id(m_group_map, old_id, new_id, this);
+}
+
+TreeGroupData* TreeGroupModel::find_group(int id)
+{
+    return find_record(m_group_map, id);
+}
+
+std::vector<TreeGroupData*> TreeGroupModel::groups()
+{
+    return all_records(m_group_map);
+}
+
+void TreeGroupModel::add_group_child(TreeGroupData* group, TreeData* child)
+{
+    if (group && child && associate_group(group, child)) {
+        Q_EMIT group_child_added(group, child);
+    }
+}
+
+void TreeGroupModel::remove_group_child(TreeGroupData* group, TreeData* child)
+{
+    if (group && child && disassociate_group(group, child)) {
+        Q_EMIT group_child_removed(group, child);
+    }
+}
+
+std::vector<TreeData*> TreeGroupModel::find_group_children(TreeGroupData* group)
+{
+    return linked_records(m_group_children_map, group);
+}
+
+std::vector<TreeGroupData*> TreeGroupModel::find_groups_for_child(TreeData* child)
+{
+    return linked_records(m_child_groups_map, child);
+}
+
+void TreeGroupModel::clear()
+{
+    Q_EMIT about_to_clear();
+    m_group_children_map.clear();
+    for (const auto& [child, groups] : m_child_groups_map) {
+        unwatch(child);
+    }
+    m_child_groups_map.clear();
+    delete_records(m_group_map);
+}
+
+// The child is no more than a key here: of the record only its TreeData is left.
+void TreeGroupModel::group_child_destroyed(TreeData* child)
+{
+    for (TreeGroupData* group : find_groups_for_child(child)) {
+        disassociate_group(group, child);
+    }
+}
+
+bool TreeGroupModel::associate_group(TreeGroupData* group, TreeData* child)
+{
+    const bool child_is_new = m_group_children_map[group].insert(child).second;
+    const auto [entry, is_first_group] = m_child_groups_map.try_emplace(child);
+    const bool group_is_new = entry->second.insert(group).second;
+    if (is_first_group) {
+        watch(child);
+    }
+    return child_is_new || group_is_new;
+}
+
+bool TreeGroupModel::disassociate_group(TreeGroupData* group, TreeData* child)
+{
+    const bool child_left = erase_link(m_group_children_map, group, child);
+    const bool group_left = erase_link(m_child_groups_map, child, group);
+    if (group_left && !m_child_groups_map.contains(child)) {
+        unwatch(child);
+    }
+    return child_left || group_left;
+}
+
+void TreeGroupModel::clear_associations(TreeGroupData* group)
+{
+    for (TreeData* child : find_group_children(group)) {
+        disassociate_group(group, child);
+    }
+}
+
+void TreeGroupModel::watch(TreeData* child)
+{
+    connect(
+        child, SIGNAL(treedata_destroyed(TreeData*)), this, SLOT(group_child_destroyed(TreeData*)));
+}
+
+void TreeGroupModel::unwatch(TreeData* child)
+{
+    disconnect(
+        child, SIGNAL(treedata_destroyed(TreeData*)), this, SLOT(group_child_destroyed(TreeData*)));
+}

@@ -1,0 +1,301 @@
+#include <treemodel/models/TreeSimModel.hpp>
+
+#include <treemodel/models/RecordMaps.hpp>
+
+namespace {
+
+// Ends a link as seen from one side.
+template <typename From, typename To>
+bool erase_link(LinkSets<From, To>& links, From* from, To* to)
+{
+    const auto entry = links.find(from);
+    return entry != links.end() && entry->second.erase(to) > 0;
+}
+
+// The boundary conditions of one kind among those linked to the entity.
+template <typename BoundaryCondition>
+std::vector<BoundaryCondition*> linked_bcs(
+    const LinkSets<TreeExodusData, TreeData>& links, TreeExodusData* exodus)
+{
+    std::vector<BoundaryCondition*> result;
+    for (TreeData* linked : linked_records(links, exodus)) {
+        if (auto* bc = qobject_cast<BoundaryCondition*>(linked)) {
+            result.push_back(bc);
+        }
+    }
+    return result;
+}
+
+} // namespace
+
+TreeSimModel::TreeSimModel() = default;
+
+TreeSimModel::~TreeSimModel()
+{
+    clear();
+}
+
+TreeExodusData* TreeSimModel::add_exodus(TreeExodusData::ExodusType type, int id)
+{
+    return add_record(
+        exodus_map_from_type(type), this, &TreeSimModel::exodus_entity_added, id, type, id);
+}
+
+void TreeSimModel::remove_exodus(TreeExodusData::ExodusType type, int id)
+{
+    if (TreeExodusData* exodus = take_record(exodus_map_from_type(type), id)) {
+        clear_associations(exodus);
+        Q_EMIT exodus_entity_removed(exodus);
+        delete exodus;
+    }
+}
+
+TreeExodusData* TreeSimModel::find_exodus(TreeExodusData::ExodusType type, int id)
+{
+    return find_record(exodus_map_from_type(type), id);
+}
+
+std::vector<TreeExodusData*> TreeSimModel::exodus_entities(TreeExodusData::ExodusType type)
+{
+    return all_records(exodus_map_from_type(type));
+}
+
+void TreeSimModel::clear_exodus()
+{
+    Q_EMIT about_to_clear_exodus();
+    m_bc_exodus_map.clear();
+    m_exodus_bc_map.clear();
+    for (ExodusMap& exodus_map : m_exodus_maps) {
+        delete_records(exodus_map);
+    }
+}
+
+TreeFeaBCData* TreeSimModel::add_fea_bc(TreeFeaBCData::FEAType type, int id)
+{
+    return add_record(fea_map_from_type(type), this, &TreeSimModel::fea_bc_added, id, type, id);
+}
+
+void TreeSimModel::remove_fea_bc(TreeFeaBCData::FEAType type, int id)
+{
+    if (TreeFeaBCData* bc = take_record(fea_map_from_type(type), id)) {
+        clear_associations(bc);
+        Q_EMIT fea_bc_removed(bc);
+        delete bc;
+    }
+}
+
+void TreeSimModel::change_fea_bc_id(TreeFeaBCData::FEAType type, int old_id, int new_id)
+{
+    change_record_id(fea_map_from_type(type), old_id, new_id, this);
+}
+
+TreeFeaBCData* TreeSimModel::find_fea_bc(TreeFeaBCData::FEAType type, int id)
+{
+    return find_record(fea_map_from_type(type), id);
+}
+
+std::vector<TreeFeaBCData*> TreeSimModel::fea_bcs(TreeFeaBCData::FEAType type)
+{
+    return all_records(fea_map_from_type(type));
+}
+
+void TreeSimModel::clear_fea()
+{
+    Q_EMIT about_to_clear_fea();
+    for (FeaMap& fea_map : m_fea_maps) {
+        delete_bcs(fea_map);
+    }
+}
+
+TreeCfdBCData* TreeSimModel::add_cfd_bc(TreeCfdBCData::CFDType type, int id)
+{
+    return add_record(m_cfd_map, this, &TreeSimModel::cfd_bc_added, id, type, id);
+}
+
+void TreeSimModel::remove_cfd_bc(int id)
+{
+    if (TreeCfdBCData* bc = take_record(m_cfd_map, id)) {
+        clear_associations(bc);
+        Q_EMIT cfd_bc_removed(bc);
+        // The record can still be written to, and linked, until the event loop deletes it.
+        connect(bc, &TreeData::treedata_destroyed, this, &TreeSimModel::clear_bc_associations);
+        bc->deleteLater();
+    }
+}
+
+void TreeSimModel::change_cfd_bc_id(int old_id, int new_id)
+{
+    change_record_id(m_cfd_map, old_id, new_id, this);
+}
+
+TreeCfdBCData* TreeSimModel::find_cfd_bc(int id)
+{
+    return find_record(m_cfd_map, id);
+}
+
+std::vector<TreeCfdBCData*> TreeSimModel::cfd_bcs(TreeCfdBCData::CFDType type)
+{
+    std::vector<TreeCfdBCData*> result;
+    for (const auto& [id, bc] : m_cfd_map) {
+        if (bc->cfd_bc_type() == type) {
+            result.push_back(bc);
+        }
+    }
+    return result;
+}
+
+void TreeSimModel::clear_cfd()
+{
+    Q_EMIT about_to_clear_cfd();
+    delete_bcs(m_cfd_map);
+}
+
+TreeMaterialData* TreeSimModel::add_material(int id, bool is_cfd)
+{
+    return add_record(m_material_map, this, &TreeSimModel::material_added, id, id, is_cfd);
+}
+
+void TreeSimModel::remove_material(int id)
+{
+    if (TreeMaterialData* material = take_record(m_material_map, id)) {
+        Q_EMIT material_removed(material);
+        delete material;
+    }
+}
+
+TreeMaterialData* TreeSimModel::find_material(int id)
+{
+    return find_record(m_material_map, id);
+}
+
+std::vector<TreeMaterialData*> TreeSimModel::materials(bool is_cfd)
+{
+    std::vector<TreeMaterialData*> result;
+    for (const auto& [id, material] : m_material_map) {
+        if (material->is_cfd() == is_cfd) {
+            result.push_back(material);
+        }
+    }
+    return result;
+}
+
+void TreeSimModel::clear_material()
+{
+    Q_EMIT about_to_clear_material();
+    delete_records(m_material_map);
+}
+
+void TreeSimModel::fea_add_exodus(TreeFeaBCData* bc, TreeExodusData* exodus)
+{
+    if (bc && exodus && associate_bc(bc, exodus)) {
+        Q_EMIT exodus_added_to_fea(bc, exodus);
+    }
+}
+
+void TreeSimModel::fea_remove_exodus(TreeFeaBCData* bc, TreeExodusData* exodus)
+{
+    if (bc && exodus && disassociate_bc(bc, exodus)) {
+        Q_EMIT exodus_removed_from_fea(bc, exodus);
+    }
+}
+
+void TreeSimModel::cfd_add_exodus(TreeCfdBCData* bc, TreeExodusData* exodus)
+{
+    if (bc && exodus && associate_bc(bc, exodus)) {
+        Q_EMIT exodus_added_to_cfd(bc, exodus);
+    }
+}
+
+void TreeSimModel::cfd_remove_exodus(TreeCfdBCData* bc, TreeExodusData* exodus)
+{
+    if (bc && exodus && disassociate_bc(bc, exodus)) {
+        Q_EMIT exodus_removed_from_cfd(bc, exodus);
+    }
+}
+
+std::vector<TreeExodusData*> TreeSimModel::find_exodus_from_fea(TreeFeaBCData* bc)
+{
+    return linked_records<TreeData>(m_bc_exodus_map, bc);
+}
+
+std::vector<TreeExodusData*> TreeSimModel::find_exodus_from_cfd(TreeCfdBCData* bc)
+{
+    return linked_records<TreeData>(m_bc_exodus_map, bc);
+}
+
+std::vector<TreeFeaBCData*> TreeSimModel::find_fea_from_exodus(TreeExodusData* exodus)
+{
+    return linked_bcs<TreeFeaBCData>(m_exodus_bc_map, exodus);
+}
+
+std::vector<TreeCfdBCData*> TreeSimModel::find_cfd_from_exodus(TreeExodusData* exodus)
+{
+    return linked_bcs<TreeCfdBCData>(m_exodus_bc_map, exodus);
+}
+
+void TreeSimModel::clear()
+{
+    clear_exodus();
+    clear_fea();
+    clear_cfd();
+    clear_material();
+}
+
+TreeSimModel::ExodusMap& TreeSimModel::exodus_map_from_type(TreeExodusData::ExodusType type)
+{
+    return m_exodus_maps[type];
+}
+
+TreeSimModel::FeaMap& TreeSimModel::fea_map_from_type(TreeFeaBCData::FEAType type)
+{
+    return m_fea_maps[type];
+}
+
+bool TreeSimModel::associate_bc(TreeData* bc, TreeExodusData* exodus)
+{
+    const bool exodus_is_new = m_bc_exodus_map[bc].insert(exodus).second;
+    const bool bc_is_new = m_exodus_bc_map[exodus].insert(bc).second;
+    return exodus_is_new || bc_is_new;
+}
+
+bool TreeSimModel::disassociate_bc(TreeData* bc, TreeExodusData* exodus)
+{
+    const bool exodus_left = erase_link(m_bc_exodus_map, bc, exodus);
+    const bool bc_left = erase_link(m_exodus_bc_map, exodus, bc);
+    return exodus_left || bc_left;
+}
+
+void TreeSimModel::clear_associations(TreeData* record)
+{
+    if (auto* exodus = qobject_cast<TreeExodusData*>(record)) {
+        clear_exodus_associations(exodus);
+    } else {
+        clear_bc_associations(record);
+    }
+}
+
+void TreeSimModel::clear_exodus_associations(TreeExodusData* exodus)
+{
+    for (TreeData* bc : linked_records(m_exodus_bc_map, exodus)) {
+        disassociate_bc(bc, exodus);
+    }
+    m_exodus_bc_map.erase(exodus);
+}
+
+// Also the last step of an outgoing record, which is no more than a key then.
+void TreeSimModel::clear_bc_associations(TreeData* bc)
+{
+    for (TreeExodusData* exodus : linked_records(m_bc_exodus_map, bc)) {
+        disassociate_bc(bc, exodus);
+    }
+    m_bc_exodus_map.erase(bc);
+}
+
+template <typename BoundaryCondition>
+void TreeSimModel::delete_bcs(std::map<int, BoundaryCondition*>& bcs)
+{
+    for (const auto& [id, bc] : std::exchange(bcs, {})) {
+        clear_associations(bc);
+        delete bc;
+    }
+}
