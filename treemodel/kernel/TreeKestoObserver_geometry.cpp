@@ -48,16 +48,21 @@ void TreeKestoObserver::notify_body_modified(int id)
 
 void TreeKestoObserver::notify_volume_modified(int id)
 {
-    m_geom_model->add_geometry(TreeGeometryData::VOLUME, id, nullptr);
-    const bool sheet = KestoInterface::is_sheet_body(id);
+    TreeGeometryData* record = m_geom_model->add_geometry(TreeGeometryData::VOLUME, id, nullptr);
+    if (!record) {
+        return;
+    }
+    GeometryHold volume(*m_geom_model, record);
+    const bool sheet = KestoInterface::is_sheet_body(volume.id());
     for (const int body_id : KestoInterface::get_relatives("volume", id, "body")) {
-        link(TreeGeometryData::BODY, body_id, id);
+        m_geom_model->associate_geometry(
+            m_geom_model->find_geometry(TreeGeometryData::BODY, body_id), volume.get());
         TreeGeometryData* body = m_geom_model->find_geometry(TreeGeometryData::BODY, body_id);
         if (auto* body_data = qobject_cast<TreeBodyData*>(body)) {
             body_data->set_sheet_body(sheet);
         }
     }
-    update_geometry(m_geom_model->find_geometry(TreeGeometryData::VOLUME, id));
+    update_geometry(volume.get());
 }
 
 void TreeKestoObserver::notify_volume_created(int id)
@@ -87,11 +92,16 @@ void TreeKestoObserver::notify_surface_modified(int id)
         update_geometry(known);
         return;
     }
-    m_geom_model->add_geometry(TreeGeometryData::SURFACE, id, nullptr);
-    for (const int volume_id : KestoInterface::get_relatives("surface", id, "volume")) {
-        link(TreeGeometryData::VOLUME, volume_id, id);
+    TreeGeometryData* record = m_geom_model->add_geometry(TreeGeometryData::SURFACE, id, nullptr);
+    if (!record) {
+        return;
     }
-    update_geometry(m_geom_model->find_geometry(TreeGeometryData::SURFACE, id));
+    GeometryHold surface(*m_geom_model, record);
+    for (const int volume_id : KestoInterface::get_relatives("surface", id, "volume")) {
+        m_geom_model->associate_geometry(
+            m_geom_model->find_geometry(TreeGeometryData::VOLUME, volume_id), surface.get());
+    }
+    update_geometry(surface.get());
 }
 
 void TreeKestoObserver::notify_curve_created(int id)
@@ -163,13 +173,6 @@ void TreeKestoObserver::update_geometry(TreeGeometryData* geom)
 void TreeKestoObserver::add_and_read(GeometryType type, int id)
 {
     update_geometry(m_geom_model->add_geometry(type, id, nullptr));
-}
-
-// Links two records of neighbouring kinds; one that is missing is not made.
-void TreeKestoObserver::link(GeometryType parent_type, int parent_id, int child_id)
-{
-    m_geom_model->associate_geometry(m_geom_model->find_geometry(parent_type, parent_id),
-        m_geom_model->find_geometry(child_type(parent_type), child_id));
 }
 
 void TreeKestoObserver::refresh_geometry_of(GeometryType type)
