@@ -208,6 +208,9 @@ private Q_SLOTS:
     void anythingMayHappenAtAnyEvent_data();
     void anythingMayHappenAtAnyEvent();
 
+    void recordThatGoesIsAskedAboutNoMore_data();
+    void recordThatGoesIsAskedAboutNoMore();
+
     void unsortedAndRepeatedIdsMakeTheSameMirror();
     void idsThatTheKernelDoesNotListAreDropped();
     void anyIdIsMirrored();
@@ -284,6 +287,31 @@ void tst_kernel_failures::anythingMayHappenAtAnyEvent()
             qPrintable(
                 QString("interrupted at event %1, %2\n%3").arg(i).arg(events.at(i), difference)));
     }
+}
+
+void tst_kernel_failures::recordThatGoesIsAskedAboutNoMore_data()
+{
+    QTest::addColumn<QStringList>("events");
+    WatchedMirror mirror;
+    mirror.kernel.relate("body", 4, "volume", {5});
+    mirror.observer().notify_body_created(4);
+    const QStringList events = mirror.log.take();
+    for (int i = 0; !events.at(i).startsWith("geometry_added(volume"); ++i) {
+        QTest::addRow("%d, in %s", i, qPrintable(events.at(i))) << events.mid(0, i + 1);
+    }
+}
+
+void tst_kernel_failures::recordThatGoesIsAskedAboutNoMore()
+{
+    QFETCH(QStringList, events);
+    WatchedMirror mirror;
+    mirror.kernel.relate("body", 4, "volume", {5});
+    mirror.log.interrupt(int(events.size()) - 1, [&] { mirror.observer().notify_body_deleted(4); });
+
+    mirror.observer().notify_body_created(4);
+
+    QCOMPARE(mirror.log.take(),
+        events + QStringList({"geometry_removed(body 4)", "body 4: treedata_destroyed(body 4)"}));
 }
 
 void tst_kernel_failures::unsortedAndRepeatedIdsMakeTheSameMirror()

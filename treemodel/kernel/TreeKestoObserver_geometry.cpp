@@ -29,6 +29,19 @@ std::vector<int> ids_of(const std::vector<TreeGeometryData*>& records)
     return ids;
 }
 
+// Asks the kernel and writes its answer, unless the record has gone before or goes meanwhile.
+template <typename Query, typename Write>
+void read_answer(GeometryHold& hold, Query query, Write write)
+{
+    if (!hold.get()) {
+        return;
+    }
+    const auto answer = query(hold.id());
+    if (TreeGeometryData* geom = hold.get()) {
+        write(geom, answer);
+    }
+}
+
 } // namespace
 
 void TreeKestoObserver::notify_body_created(int id)
@@ -206,20 +219,20 @@ void TreeKestoObserver::read_body(GeometryHold& hold)
 void TreeKestoObserver::read_attributes(GeometryHold& hold)
 {
     const std::string word = TreeGeometryData::type_to_string(hold.type());
-    const std::string name = KestoInterface::get_entity_name(word, hold.id(), true);
-    if (TreeGeometryData* geom = hold.get()) {
-        geom->set_name(QString::fromUtf8(name.c_str()));
-    }
-    const bool visible = KestoInterface::is_visible(word, hold.id());
-    if (TreeGeometryData* geom = hold.get()) {
-        geom->set_visible(visible);
-    }
-    const bool is_virtual = hold.type() == TreeGeometryData::VOLUME
-                                ? KestoInterface::contains_virtual(word, hold.id())
-                                : KestoInterface::is_virtual(word, hold.id());
-    if (TreeGeometryData* geom = hold.get()) {
-        geom->set_virtual(is_virtual);
-    }
+    const auto virtual_query = hold.type() == TreeGeometryData::VOLUME
+                                   ? KestoInterface::contains_virtual
+                                   : KestoInterface::is_virtual;
+    read_answer(
+        hold, [&word](int id) { return KestoInterface::get_entity_name(word, id, true); },
+        [](TreeGeometryData* geom, const std::string& name) {
+            geom->set_name(QString::fromUtf8(name.c_str()));
+        });
+    read_answer(
+        hold, [&word](int id) { return KestoInterface::is_visible(word, id); },
+        [](TreeGeometryData* geom, bool visible) { geom->set_visible(visible); });
+    read_answer(
+        hold, [&](int id) { return virtual_query(word, id); },
+        [](TreeGeometryData* geom, bool is_virtual) { geom->set_virtual(is_virtual); });
 }
 
 // Brings the links to the children in line with the kernel and gives back the
