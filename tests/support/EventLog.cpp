@@ -2,6 +2,19 @@
 
 #include <algorithm>
 
+void EventLog::add(const QString& event)
+{
+    m_events.append(event);
+    if (auto interruption = m_interruptions.extract(m_count++)) {
+        interruption.mapped()();
+    }
+}
+
+void EventLog::interrupt(int n, std::function<void()> action)
+{
+    m_interruptions.insert_or_assign(m_count + n, std::move(action));
+}
+
 QStringList EventLog::take_only(const QStringList& beginnings)
 {
     QStringList result = take();

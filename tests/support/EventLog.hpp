@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+#include <map>
 #include <QStringList>
 #include <utility>
 
@@ -8,7 +10,11 @@
 class EventLog
 {
 public:
-    void add(const QString& event) { m_events.append(event); }
+    void add(const QString& event);
+
+    /// Runs `action` right after the n-th event from now (0: the next) is written, which
+    /// is inside the call or the signal that the event tells of. Once.
+    void interrupt(int n, std::function<void()> action);
 
     /// The events since the last call of take(), which forgets them.
     QStringList take() { return std::exchange(m_events, {}); }
@@ -18,4 +24,6 @@ public:
 
 private:
     QStringList m_events;
+    std::map<int, std::function<void()>> m_interruptions;
+    int m_count = 0;
 };

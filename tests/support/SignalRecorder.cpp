@@ -61,11 +61,11 @@ void SignalRecorder::record(const Connection& connection, void** arguments)
     if (qobject_cast<TreeData*>(connection.sender)) {
         prefix = name_of(connection.sender) + QLatin1String(": ");
     }
-    m_log.add(prefix + QLatin1String(connection.signal.name()) + QLatin1Char('(') +
-              texts.join(QLatin1String(", ")) + QLatin1Char(')'));
     if (connection.signal.name() == "treedata_destroyed") {
         m_watched.remove(connection.sender);
     }
+    m_log.add(prefix + QLatin1String(connection.signal.name()) + QLatin1Char('(') +
+              texts.join(QLatin1String(", ")) + QLatin1Char(')'));
 }
 
 QString SignalRecorder::text_of(const QMetaType& type, const void* value)

@@ -56,13 +56,13 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
     if (!records) {
         return;
     }
-    TreeGeometryData* record = take_record(*records, id);
+    // Nobody but this function deletes it now, also if a receiver throws.
+    const std::unique_ptr<TreeGeometryData> record(take_record(*records, id));
     if (!record) {
         return;
     }
-    clear_associations(record);
-    Q_EMIT geometry_removed(record);
-    delete record;
+    clear_associations(record.get());
+    Q_EMIT geometry_removed(record.get());
 }
 
 void TreeGeomModel::change_geometry_id(TreeGeometryData::GeometryType type, int old_id, int new_id)
