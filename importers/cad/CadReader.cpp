@@ -33,14 +33,16 @@ void read_records(Reader& reader, const std::filesystem::path& file, FrameChanne
     }
 }
 
-[[noreturn]] void throw_damaged(const std::string& place, const Interface_Check& check)
+// The text of a check without what the library puts around it.
+std::string trouble_in(const Interface_Check& check)
 {
     static constexpr std::string_view parser_prefix = "Undefined Parsing: ";
     std::string_view trouble = check.CFail(1);
     if (trouble.starts_with(parser_prefix)) {
         trouble.remove_prefix(parser_prefix.size());
     }
-    throw ImportError("it is damaged: " + place + std::string(trouble));
+    trouble = trouble.substr(0, trouble.find_last_not_of(" .\n") + 1);
+    return std::string(trouble.starts_with("Unknown message") ? "a value is wrong" : trouble);
 }
 
 // A record that did not load well makes the transfer crash.
@@ -52,12 +54,13 @@ void check_records(const XSControl_Reader& reader, FrameChannel& channel)
         throw ImportError("it holds no geometry");
     }
     if (const auto check = model->GlobalCheck(); check->HasFailed()) {
-        throw_damaged({}, *check);
+        throw ImportError("it is damaged: " + trouble_in(*check));
     }
     for (int i = 1; i <= model->NbEntities(); ++i) {
         if (const auto check = model->Check(i, true); check->HasFailed()) {
             const auto label = model->StringLabel(model->Value(i));
-            throw_damaged(std::string("entity ") + label->ToCString() + ": ", *check);
+            throw ImportError(std::string("it is damaged: entity ") + label->ToCString() + ": " +
+                              trouble_in(*check));
         }
     }
 }

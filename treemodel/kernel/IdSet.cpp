@@ -2,6 +2,14 @@
 
 #include <algorithm>
 
+IdSet::IdSet(const std::vector<int>& ids)
+{
+    m_entries.reserve(qsizetype(ids.size()));
+    for (const int id : ids) {
+        add(id);
+    }
+}
+
 bool IdSet::take(int id)
 {
     sort();

@@ -14,6 +14,9 @@ public:
     template <typename Record>
     explicit IdSet(const std::vector<Record*>& records);
 
+    /// Any ids; a repeated one counts once.
+    explicit IdSet(const std::vector<int>& ids);
+
     /// In any order; a repeated id counts once.
     void add(int id);
 

@@ -3,6 +3,7 @@
 
 #include <treemodel/kernel/GeometryHold.hpp>
 #include <treemodel/kernel/IdSet.hpp>
+#include <treemodel/kernel/KernelText.hpp>
 #include <treemodel/kernel/TreeKestoObserver.hpp>
 #include <treemodel/models/TreeGeomModel.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
@@ -145,6 +146,10 @@ void TreeKestoObserver::refresh_geometry()
              TreeGeometryData::SURFACE, TreeGeometryData::CURVE, TreeGeometryData::VERTEX}) {
         refresh_geometry_of(type);
     }
+    report_kernel_selection([](const std::string& word) {
+        GeometryType type{};
+        return TreeGeometryData::string_to_type(word, type);
+    });
 }
 
 void TreeKestoObserver::update_geometry(TreeGeometryData* geom)
@@ -207,7 +212,7 @@ void TreeKestoObserver::read_attributes(GeometryHold& hold)
     const std::string& word = word_of(hold.type());
     const std::string name = KestoInterface::get_entity_name(word, hold.id(), true);
     if (TreeGeometryData* geom = hold.get()) {
-        geom->set_name(QString::fromUtf8(name.c_str()));
+        geom->set_name(kernel_text(name));
     }
     const bool visible = KestoInterface::is_visible(word, hold.id());
     if (TreeGeometryData* geom = hold.get()) {

@@ -1,15 +1,26 @@
 #pragma once
 
 #include <QObject>
+#include <treemodel/treedata/TreeBoundaryLayerData.hpp>
+#include <treemodel/treedata/TreeCfdBCData.hpp>
+#include <treemodel/treedata/TreeExodusData.hpp>
+#include <treemodel/treedata/TreeFeaBCData.hpp>
 #include <treemodel/treedata/TreeGeometryData.hpp>
+#include <treemodel/treedata/TreeGroupData.hpp>
+#include <treemodel/treedata/TreeMaterialData.hpp>
+#include <treemodel/treedata/TreeMeshData.hpp>
+#include <treemodel/treedata/TreeSizingSourceData.hpp>
 #include <treemodel/treemodel_export.hpp>
 #include <vector>
 
 class TreeGeomModel;
+class TreeGroupModel;
 class TreeKestoObserver;
+class TreeMeshModel;
+class TreeSimModel;
 
-/// The mirror as a front end holds it: one switch to the kernel, one refresh, and
-/// the signals and queries of all that is mirrored.
+/// The mirror as a front end holds it: one switch to the kernel, one refresh, one
+/// selection, and the signals and queries of all that is mirrored.
 ///
 /// A new model is empty and unregistered. Fill it with refresh_model(), let it
 /// follow the kernel with connect_to_kesto(); neither needs the other. Every
@@ -17,6 +28,9 @@ class TreeKestoObserver;
 ///
 /// The records belong to the model and live until their removed signal has
 /// returned, or until an `about_to_clear` signal has. All on one thread.
+///
+/// Queries give null or an empty vector where there is nothing, and for null. Lists of
+/// records come by ascending id, lists of linked records in no useful order.
 class TREEMODEL_EXPORT TreeModel : public QObject
 {
     Q_OBJECT
@@ -34,37 +48,141 @@ public:
     /// After this call they reach it no more. The mirror stays as it is.
     void disconnect_from_kesto();
 
-    /// Brings the mirror in line with the kernel. With `clear`, deletes all records
-    /// first, after the `about_to_clear` signals; otherwise adds, updates and removes
-    /// only what differs. Emits visible_changed() for every geometry record.
+    /// Brings the mirror in line with the kernel: geometry, groups, mesh, simulation. With
+    /// `clear`, deletes all records first, after the `about_to_clear` signals; otherwise
+    /// adds, updates and removes only what differs. Emits visible_changed() for each
+    /// record whose visibility is read, and selection_changed() for what is selected.
     void refresh_model(bool clear);
 
-    /// The records of the type by ascending id.
-    std::vector<TreeGeometryData*> geometry(TreeGeometryData::GeometryType type);
+    /// Has the kernel select (deselect) the records by one command line; the empty vector
+    /// selects nothing. Mesh records and null are passed over. The mirror does not change:
+    /// the kernel answers by notification. Does nothing inside selection_changed().
+    void select_entities(const std::vector<TreeData*>& entities, bool selected);
 
-    /// Null if there is none.
+    // Geometry.
+
+    std::vector<TreeGeometryData*> geometry(TreeGeometryData::GeometryType type);
     TreeGeometryData* find_geometry(TreeGeometryData::GeometryType type, int id);
 
-    /// The records one level below (above) this one, in no useful order. Empty for null.
+    /// The records one level below (above) this one.
     std::vector<TreeGeometryData*> find_geometry_children(TreeGeometryData* parent);
     std::vector<TreeGeometryData*> find_geometry_parents(TreeGeometryData* child);
 
-Q_SIGNALS:
-    /// A record is new, and linked to `parent` unless that is null. Its name and
-    /// flags are read afterwards and come with its own signals.
-    void geometry_added(TreeGeometryData* geom, TreeGeometryData* parent);
+    // Groups.
 
-    /// The record has left the mirror and is deleted when the signal returns.
+    std::vector<TreeGroupData*> groups();
+    TreeGroupData* find_group(int id);
+
+    /// The members of a group: geometry, groups, and its element counts.
+    std::vector<TreeData*> find_group_children(TreeGroupData* group);
+    std::vector<TreeGroupData*> find_groups_for_child(TreeData* child);
+
+    // Mesh. A mesh record is known by its owner and type; the owner is mostly a group.
+
+    std::vector<TreeBoundaryLayerData*> boundary_layers();
+    std::vector<TreeSizingSourceData*> sizing_sources();
+    std::vector<TreeMeshData*> mesh_data();
+    TreeSizingSourceData* find_sizing_source(int id);
+    TreeBoundaryLayerData* find_boundary_layer(int id);
+    TreeMeshData* find_mesh_data(TreeMeshData::MeshType type, TreeData* owner);
+    std::vector<TreeMeshData*> find_mesh_data(TreeMeshData::MeshType type);
+    std::vector<TreeMeshData*> find_mesh_data(TreeData* owner);
+
+    // Simulation. A type out of range is a caller's error.
+
+    std::vector<TreeExodusData*> exodus_entities(TreeExodusData::ExodusType type);
+    std::vector<TreeFeaBCData*> fea_bcs(TreeFeaBCData::FEAType type);
+    std::vector<TreeCfdBCData*> cfd_bcs(TreeCfdBCData::CFDType type);
+
+    /// The media, or the materials.
+    std::vector<TreeMaterialData*> materials(bool cfd);
+
+    TreeExodusData* find_exodus(TreeExodusData::ExodusType type, int id);
+    TreeFeaBCData* find_fea_bc(TreeFeaBCData::FEAType type, int id);
+
+    /// Fluid boundary conditions have one range of ids for all types.
+    TreeCfdBCData* find_cfd_bc(int id);
+
+    /// Materials and media have one range of ids.
+    TreeMaterialData* find_material(int id);
+
+    /// The boundary conditions that apply to a set, and the sets that one applies to.
+    std::vector<TreeFeaBCData*> find_fea_from_exodus(TreeExodusData* exodus);
+    std::vector<TreeCfdBCData*> find_cfd_from_exodus(TreeExodusData* exodus);
+    std::vector<TreeExodusData*> find_exodus_from_cfd(TreeCfdBCData* bc);
+    std::vector<TreeExodusData*> find_exodus_from_fea(TreeFeaBCData* bc);
+
+Q_SIGNALS:
+    // Added: the record stands in the mirror; its name and flags are read afterwards and
+    // come with its own signals. Removed: the record has left the mirror and is deleted
+    // when the signal returns. About to clear: nothing has changed yet, and all records
+    // of the kind are deleted without a further signal of this class.
+
+    /// `parent`, to which the new record is linked, may be null.
+    void geometry_added(TreeGeometryData* geom, TreeGeometryData* parent);
     void geometry_removed(TreeGeometryData* geom);
 
     /// Two records that stood before are linked (no longer linked).
     void geometry_associated(TreeGeometryData* parent, TreeGeometryData* child);
     void geometry_disassociated(TreeGeometryData* parent, TreeGeometryData* child);
-
-    /// All geometry records are deleted when the signal returns; nothing has changed yet.
     void about_to_clear_geometry();
 
+    void group_added(TreeGroupData* group);
+    void group_removed(TreeGroupData* group);
+
+    /// Not emitted for a member that leaves because it dies.
+    void group_child_added(TreeGroupData* group, TreeData* child);
+    void group_child_removed(TreeGroupData* group, TreeData* child);
+    void about_to_clear_groups();
+
+    void boundary_layer_added(TreeBoundaryLayerData* bl);
+    void boundary_layer_removed(TreeBoundaryLayerData* bl);
+
+    /// An `owner` that dies with its mesh records is no more than a key when they go.
+    void mesh_data_added(TreeMeshData* md, TreeData* owner);
+    void mesh_data_removed(TreeMeshData* md, TreeData* owner);
+    void about_to_clear_boundary_layers();
+    void about_to_clear_sizing_sources();
+    void sizing_source_added(TreeSizingSourceData* bl);
+    void sizing_source_removed(TreeSizingSourceData* bl);
+    void about_to_clear_mesh_data();
+
+    void exodus_entity_added(TreeExodusData* exodus);
+    void exodus_entity_removed(TreeExodusData* exodus);
+    void fea_bc_added(TreeFeaBCData* fea_bc);
+    void fea_bc_removed(TreeFeaBCData* fea_bc);
+    void cfd_bc_added(TreeCfdBCData* cfd_bc);
+
+    /// Unlike other records, this one is deleted by the event loop.
+    void cfd_bc_removed(TreeCfdBCData* cfd_bc);
+
+    /// Not emitted for a link that ends because a record dies.
+    void exodus_added_to_fea_bc(TreeFeaBCData* bc, TreeExodusData* exo);
+    void exodus_added_to_cfd_bc(TreeCfdBCData* bc, TreeExodusData* exo);
+    void exodus_removed_from_fea_bc(TreeFeaBCData* bc, TreeExodusData* exo);
+    void exodus_removed_from_cfd_bc(TreeCfdBCData* bc, TreeExodusData* exo);
+
+    void material_added(TreeMaterialData* mat);
+    void material_removed(TreeMaterialData* mat);
+    void about_to_clear_exodus();
+    void about_to_clear_fea();
+    void about_to_clear_cfd();
+    void about_to_clear_material();
+
+    /// These records became selected in the kernel, or stopped being selected. A refresh
+    /// tells again what is selected; nothing tells that the selection is empty.
+    void selection_changed(const std::vector<TreeData*>& entities, bool selected);
+
 private:
-    TreeGeomModel* m_geom_model;
-    TreeKestoObserver* m_observer;
+    void create_geom_model();
+    void create_group_model();
+    void create_mesh_model();
+    void create_sim_model();
+    void create_observer();
+
+    TreeGeomModel* m_geom_model = nullptr;
+    TreeGroupModel* m_group_model = nullptr;
+    TreeMeshModel* m_mesh_model = nullptr;
+    TreeSimModel* m_sim_model = nullptr;
+    TreeKestoObserver* m_observer = nullptr;
 };

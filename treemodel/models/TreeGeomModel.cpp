@@ -54,13 +54,10 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
     if (!records) {
         return;
     }
-    // Nobody but this function deletes it now, also if a receiver throws.
-    const std::unique_ptr<TreeGeometryData> record(records->take(id));
-    if (!record) {
-        return;
+    if (const auto record = std::unique_ptr<TreeGeometryData>(records->take(id))) {
+        clear_associations(record.get());
+        Q_EMIT geometry_removed(record.get());
     }
-    clear_associations(record.get());
-    Q_EMIT geometry_removed(record.get());
 }
 
 void TreeGeomModel::change_geometry_id(TreeGeometryData::GeometryType type, int old_id, int new_id)
