@@ -138,6 +138,11 @@ void EmbeddedKernel::request_refresh()
     m_contents->announcer.tell(&KIObserve::notify_model_refresh_requested);
 }
 
+void EmbeddedKernel::report_geometry_repair()
+{
+    m_contents->announcer.tell(&KIObserve::notify_geometry_repair_complete);
+}
+
 int EmbeddedKernel::create_body(const std::vector<int>& volumes, const std::string& name)
 {
     return create(EntityKind::BODY, volumes, name);

@@ -70,6 +70,9 @@ public:
     /// Changes nothing and tells notify_model_refresh_requested.
     void request_refresh();
 
+    /// Changes nothing and tells notify_geometry_repair_complete.
+    void report_geometry_repair();
+
     // Geometry.
 
     /// Each makes an entity with the given children of the kind below and gives back its id.

@@ -25,6 +25,7 @@ public:
 
     void notify_free_entities_changed() override { write("free_entities_changed"); }
     void notify_model_refresh_requested() override { write("model_refresh_requested"); }
+    void notify_geometry_repair_complete() override { write("geometry_repair_complete"); }
     void notify_model_reset() override { write("model_reset"); }
     void notify_model_replaced() override { write("model_replaced"); }
     void notify_kes_file_opened(std::string file) override { write("kes_file_opened", file); }

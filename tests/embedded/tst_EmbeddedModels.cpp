@@ -42,7 +42,7 @@ private Q_SLOTS:
     void importedEntitiesAreToldFromTheBodiesDownAndGroupsFromTheInnermostOut();
     void importedEntityIsReadableInItsNotification();
     void clearedKernelIsEmptyAndToldAsReset();
-    void refreshRequestOnlyTells();
+    void refreshRequestAndRepairReportOnlyTell();
     void flawedModelIsRefusedAsAWhole_data();
     void flawedModelIsRefusedAsAWhole();
     void modelThatDoesNotFitTheIdsLeftIsRefused();
@@ -153,13 +153,14 @@ void tst_EmbeddedModels::clearedKernelIsEmptyAndToldAsReset()
     QCOMPARE(kernel.create_body(), 1);
 }
 
-void tst_EmbeddedModels::refreshRequestOnlyTells()
+void tst_EmbeddedModels::refreshRequestAndRepairReportOnlyTell()
 {
     EmbeddedKernel kernel;
     kernel.open_model(loose_ends(), "a.step");
     NotificationLog log;
     kernel.request_refresh();
-    QCOMPARE(log.take(), QStringLiteral("model_refresh_requested"));
+    kernel.report_geometry_repair();
+    QCOMPARE(log.take(), QStringLiteral("model_refresh_requested, geometry_repair_complete"));
     QCOMPARE(entity_counts(), QStringLiteral("1 1 1 1 3"));
 }
 
