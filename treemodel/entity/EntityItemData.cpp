@@ -4,6 +4,7 @@
 #include <treemodel/entity/EntityItem.hpp>
 #include <treemodel/entity/EntityModelInterface.hpp>
 #include <treemodel/entity/replace_value.hpp>
+#include <utility>
 
 EntityItemData::EntityItemData(int type, int id)
     : m_type(type)
@@ -92,7 +93,7 @@ void EntityItemData::removeItem(EntityItem* item)
 
 void EntityItemData::iterateItems(std::function<void(EntityItem*)> visit)
 {
-    std::for_each(m_items.cbegin(), m_items.cend(), visit);
+    std::for_each(m_items.cbegin(), m_items.cend(), std::move(visit));
 }
 
 void EntityItemData::iterateItemsReverse(std::function<void(EntityItem*)> visit)

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <treemodel/entity/EntityItem.hpp>
+#include <utility>
 
 namespace {
 
@@ -77,7 +78,7 @@ int EntityItemList::getChildIndex(EntityItem* child) const
 
 void EntityItemList::iterateChildren(std::function<bool(EntityItem*)> visit) const
 {
-    static_cast<void>(std::any_of(m_children.begin(), m_children.end(), visit));
+    static_cast<void>(std::any_of(m_children.begin(), m_children.end(), std::move(visit)));
 }
 
 void EntityItemList::insertChild(int row, EntityItem* child)

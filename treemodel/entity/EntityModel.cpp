@@ -418,7 +418,7 @@ QIcon EntityModel::sharedIcon(const char* path) const
         return *known;
     }
     const QString file = QString::fromUtf8(path);
-    const QIcon icon(file);
+    QIcon icon(file);
     if (QFile::exists(file)) {
         m_sharedIcons.insert(QByteArray(path), icon);
     }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <treemodel/entity/EntityItem.hpp>
+#include <utility>
 
 namespace {
 
@@ -66,7 +67,7 @@ const KestoTypeSelection* KestoSelection::get_list(int type) const
 
 void KestoSelection::iterate(std::function<void(const KestoTypeSelection&)> visit) const
 {
-    std::for_each(lists.begin(), lists.end(), visit);
+    std::for_each(lists.begin(), lists.end(), std::move(visit));
 }
 
 void KestoSelection::iterate(
