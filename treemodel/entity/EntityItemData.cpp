@@ -83,6 +83,9 @@ EntityItem* EntityItemData::findItem(EntityItem* parent) const
 
 void EntityItemData::addItem(EntityItem* item)
 {
+    if (m_items.isEmpty()) {
+        m_items.reserve(1); // Most data have no second node
+    }
     m_items.append(item);
 }
 

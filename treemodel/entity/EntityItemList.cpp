@@ -1,7 +1,7 @@
 #include <treemodel/entity/EntityItemList.hpp>
 
 #include <algorithm>
-#include <treemodel/entity/EntityItem.hpp>
+#include <treemodel/entity/prefetch.hpp>
 #include <utility>
 
 namespace {
@@ -83,6 +83,9 @@ void EntityItemList::iterateChildren(std::function<bool(EntityItem*)> visit) con
 
 void EntityItemList::insertChild(int row, EntityItem* child)
 {
+    if (m_children.isEmpty()) {
+        m_children.reserve(1); // Many parents have no second child
+    }
     m_children.insert(row, child);
 }
 
@@ -95,7 +98,11 @@ EntityItem* EntityItemList::removeChild(int row)
 
 void EntityItemList::clear()
 {
-    qDeleteAll(m_children);
+    constexpr int prefetch_distance = 8;
+    for (int row = 0; row < childCount(); ++row) {
+        prefetch(getChild(row + prefetch_distance));
+        delete getChild(row);
+    }
     m_children.clear();
 }
 

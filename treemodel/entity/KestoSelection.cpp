@@ -1,7 +1,6 @@
 #include <treemodel/entity/KestoSelection.hpp>
 
 #include <algorithm>
-#include <treemodel/entity/EntityItem.hpp>
 #include <utility>
 
 namespace {
