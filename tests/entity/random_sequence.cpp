@@ -65,7 +65,7 @@ const std::vector<QString>& names()
 }
 
 // Small trees meet the rare cases sooner than large ones.
-constexpr size_t most_nodes = 60;
+constexpr size_t few_nodes = 60;
 
 constexpr int lowest = std::numeric_limits<int>::min();
 constexpr int highest = std::numeric_limits<int>::max();
@@ -161,6 +161,23 @@ void RandomSequence::attach(std::unique_ptr<RandomObserver> observer)
     m_observers.push_back(std::move(observer));
 }
 
+void RandomSequence::crowd(int count)
+{
+    Node* parent = make_item(0);
+    while (parent->order != TreeReference::NameOrId && parent->order != TreeReference::NameOrTypeId)
+        parent = make_item(0);
+    say("add " + parent->label + " at top level");
+    expect_result(
+        m_model->addEntity(nullptr, parent->item), m_reference.addEntity(nullptr, parent));
+    say(QString("add %1 items under it").arg(count));
+    for (int i = 0; i < count; ++i) {
+        Node* node = make_item(0);
+        const bool added = m_model->addEntity(parent->item, node->item);
+        expect_result(added, m_reference.addEntity(parent, node));
+    }
+    m_crowd = size_t(count);
+}
+
 QString RandomSequence::run(int count)
 {
     int total = 0;
@@ -172,7 +189,7 @@ QString RandomSequence::run(int count)
         auto step = steps().begin();
         while (lot >= step->weight)
             lot -= (step++)->weight;
-        const bool is_full = m_reference.nodes().size() > most_nodes;
+        const bool is_full = m_reference.nodes().size() > few_nodes + m_crowd;
         is_full ? remove() : (this->*step->make)();
         difference = check();
     }
@@ -287,7 +304,7 @@ void RandomSequence::change_name()
     EntityItemData* data = node->item->getData();
     auto* simple = dynamic_cast<SimpleItem*>(node->item);
     const bool label = m_random.chance(30) || !(data || simple);
-    const QString& text = m_random.pick(names());
+    const QString text = random_name();
     say(QString(label ? "label %1 %2" : "name %1 %2").arg(node->label, quoted(text)));
 
     QString& known = label ? node->facts->display : node->facts->name;
@@ -308,7 +325,7 @@ void RandomSequence::change_facts()
     Facts& facts = *node->facts;
     EntityItemData* data = node->item->getData();
     auto* simple = dynamic_cast<SimpleItem*>(node->item);
-    const int id = m_random.pick(ids);
+    const int id = random_id();
     const int type = m_random.pick(types);
     const bool flag = m_random.chance(50);
     say(QString("give %1 the id %2, the type %3 and the flag %4")
@@ -423,11 +440,22 @@ RandomSequence::Node* RandomSequence::make_item(int depth)
     return node;
 }
 
+QString RandomSequence::random_name()
+{
+    const QString& name = m_random.pick(names());
+    return m_random.chance(50) ? name : name + m_random.pick(names());
+}
+
+int RandomSequence::random_id()
+{
+    return m_random.chance(50) ? m_random.pick(ids) : m_random.below(5000) - 1000;
+}
+
 EntityItem* RandomSequence::new_item(std::shared_ptr<Facts>& facts, EntityItemList* list)
 {
-    const QString text = m_random.pick(names());
+    const QString text = random_name();
     const int type = m_random.pick(types);
-    const int id = m_random.pick(ids);
+    const int id = random_id();
     facts = std::make_shared<Facts>();
     switch (m_random.below(10)) {
     case 0:
@@ -463,9 +491,9 @@ EntityItem* RandomSequence::new_shared(std::shared_ptr<Facts>& facts, EntityItem
 {
     if (m_shared.empty() || m_random.chance(60)) {
         facts->type = m_random.pick(types);
-        facts->id = m_random.pick(ids);
+        facts->id = random_id();
         facts->editable = true;
-        facts->name = m_random.pick(names());
+        facts->name = random_name();
         m_shared.push_back({std::make_unique<EntityItemData>(facts->type, facts->id), facts});
         m_shared.back().data->setName(facts->name);
     }

@@ -62,6 +62,9 @@ public:
 
     void attach(std::unique_ptr<RandomObserver> observer);
 
+    /// Puts that many items under one parent before the first step.
+    void crowd(int count);
+
     /// Makes that many steps and destroys the model. Returns the first difference and the
     /// steps up to the one that brought it about; empty if all is well.
     QString run(int steps);
@@ -107,6 +110,8 @@ private:
 
     Node* make_item(int depth);
     EntityItem* new_item(std::shared_ptr<Facts>& facts, EntityItemList* list);
+    QString random_name();
+    int random_id();
     EntityItem* new_shared(std::shared_ptr<Facts>& facts, EntityItemList* list);
     Node* any_of(const std::vector<Node*>& nodes);
     Node* any_node();
@@ -141,4 +146,5 @@ private:
     QStringList m_log;
     QString m_fault;
     int m_made = 0;
+    size_t m_crowd = 0;
 };

@@ -4,6 +4,7 @@
 #include <treemodel/entity/EntityItem.hpp>
 #include <treemodel/entity/EntityModelInterface.hpp>
 #include <treemodel/entity/replace_value.hpp>
+#include <utility>
 
 EntityItemData::EntityItemData(int type, int id)
     : m_type(type)
@@ -82,6 +83,9 @@ EntityItem* EntityItemData::findItem(EntityItem* parent) const
 
 void EntityItemData::addItem(EntityItem* item)
 {
+    if (m_items.isEmpty()) {
+        m_items.reserve(1); // Most data have no second node
+    }
     m_items.append(item);
 }
 
@@ -92,7 +96,7 @@ void EntityItemData::removeItem(EntityItem* item)
 
 void EntityItemData::iterateItems(std::function<void(EntityItem*)> visit)
 {
-    std::for_each(m_items.cbegin(), m_items.cend(), visit);
+    std::for_each(m_items.cbegin(), m_items.cend(), std::move(visit));
 }
 
 void EntityItemData::iterateItemsReverse(std::function<void(EntityItem*)> visit)

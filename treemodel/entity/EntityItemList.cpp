@@ -1,7 +1,8 @@
 #include <treemodel/entity/EntityItemList.hpp>
 
 #include <algorithm>
-#include <treemodel/entity/EntityItem.hpp>
+#include <treemodel/entity/prefetch.hpp>
+#include <utility>
 
 namespace {
 
@@ -77,11 +78,14 @@ int EntityItemList::getChildIndex(EntityItem* child) const
 
 void EntityItemList::iterateChildren(std::function<bool(EntityItem*)> visit) const
 {
-    static_cast<void>(std::any_of(m_children.begin(), m_children.end(), visit));
+    static_cast<void>(std::any_of(m_children.begin(), m_children.end(), std::move(visit)));
 }
 
 void EntityItemList::insertChild(int row, EntityItem* child)
 {
+    if (m_children.isEmpty()) {
+        m_children.reserve(1); // Many parents have no second child
+    }
     m_children.insert(row, child);
 }
 
@@ -94,7 +98,11 @@ EntityItem* EntityItemList::removeChild(int row)
 
 void EntityItemList::clear()
 {
-    qDeleteAll(m_children);
+    constexpr int prefetch_distance = 8;
+    for (int row = 0; row < childCount(); ++row) {
+        prefetch(getChild(row + prefetch_distance));
+        delete getChild(row);
+    }
     m_children.clear();
 }
 

@@ -2,9 +2,8 @@
 
 #include <functional>
 #include <QList>
+#include <treemodel/entity/EntityItem.hpp>
 #include <treemodel/treemodel_export.hpp>
-
-class EntityItem;
 
 /// The children of one item, owned, and the order in which they stand. This class keeps
 /// the order of insertion; subclasses sort.

@@ -2,6 +2,7 @@
 
 #include <QFile>
 #include <treemodel/entity/EntityCategories.hpp>
+#include <treemodel/entity/prefetch.hpp>
 #include <vector>
 
 namespace {
@@ -9,6 +10,7 @@ namespace {
 constexpr int name_column = 0;
 constexpr int id_column = 1;
 constexpr int column_count = 2;
+constexpr int prefetch_distance = 8; // Siblings ahead of one that is read
 constexpr const char* invisible_icon = ":/kestogui/light/invisible.svg";
 
 /// The topmost item above `item`, which may be `item` itself.
@@ -26,14 +28,6 @@ bool stands_under(const EntityItem* item, const EntityItem* ancestor)
         item = item->getParentEntity();
     }
     return item;
-}
-
-/// Has an item that will soon be asked for fetched from memory.
-void prefetch([[maybe_unused]] const EntityItem* item)
-{
-#if defined(__GNUC__)
-    __builtin_prefetch(item);
-#endif
 }
 
 /// Goes through the subtree of `top` as EntityItem::getNext() does, but knows the row of the
@@ -95,8 +89,6 @@ private:
         }
     }
 
-    static constexpr int prefetch_distance = 16; // Siblings
-
     EntityItem* m_top;
     EntityItem* m_item;
     std::vector<int> m_rows; // Of m_item and the items above it, below m_top
@@ -132,7 +124,12 @@ QModelIndex EntityModel::index(int row, int column, const QModelIndex& parent) c
         item = getEntity(parent);
     }
     EntityItem* child = item ? item->getChild(row) : nullptr;
-    return child ? createIndex(row, column, child) : QModelIndex();
+    if (!child) {
+        return {};
+    }
+    // Readers go on from row to row, over items that lie about in memory.
+    prefetch(item->getChild(row + prefetch_distance));
+    return createIndex(row, column, child);
 }
 
 QModelIndex EntityModel::parent(const QModelIndex& child) const
@@ -418,7 +415,7 @@ QIcon EntityModel::sharedIcon(const char* path) const
         return *known;
     }
     const QString file = QString::fromUtf8(path);
-    const QIcon icon(file);
+    QIcon icon(file);
     if (QFile::exists(file)) {
         m_sharedIcons.insert(QByteArray(path), icon);
     }

@@ -82,6 +82,16 @@ quint64 ordered(int value)
     return static_cast<quint32>(value) ^ 0x8000'0000U;
 }
 
+quint64 number_of_id(const EntityItem* item)
+{
+    return ordered(item->getId());
+}
+
+quint64 number_of_type_and_id(const EntityItem* item)
+{
+    return ordered(item->getType()) << 32 | ordered(item->getId());
+}
+
 qsizetype common_prefix(QStringView a, QStringView b)
 {
     const auto length = std::min(a.size(), b.size());
@@ -132,16 +142,10 @@ void NameKey::sort(std::span<EntityItem*> items)
 
 void IdKey::sort(std::span<EntityItem*> items)
 {
-    sort_by_number(
-        items, [](const EntityItem* item) { return ordered(item->getId()); }, NameKey::sort);
+    sort_by_number(items, number_of_id, NameKey::sort);
 }
 
 void TypeIdKey::sort(std::span<EntityItem*> items)
 {
-    sort_by_number(
-        items,
-        [](const EntityItem* item) {
-            return ordered(item->getType()) << 32 | ordered(item->getId());
-        },
-        [](std::span<EntityItem*> /*ties*/) {});
+    sort_by_number(items, number_of_type_and_id, [](std::span<EntityItem*> /*ties*/) {});
 }

@@ -1,7 +1,7 @@
 #include <treemodel/entity/KestoSelection.hpp>
 
 #include <algorithm>
-#include <treemodel/entity/EntityItem.hpp>
+#include <utility>
 
 namespace {
 
@@ -66,7 +66,7 @@ const KestoTypeSelection* KestoSelection::get_list(int type) const
 
 void KestoSelection::iterate(std::function<void(const KestoTypeSelection&)> visit) const
 {
-    std::for_each(lists.begin(), lists.end(), visit);
+    std::for_each(lists.begin(), lists.end(), std::move(visit));
 }
 
 void KestoSelection::iterate(

@@ -5,14 +5,11 @@
 #include <QList>
 #include <QString>
 #include <string>
+#include <treemodel/entity/EntityItem.hpp>
 #include <treemodel/entity/KestoIdList.hpp>
 #include <treemodel/entity/KestoTypeSelection.hpp>
 #include <treemodel/treemodel_export.hpp>
 #include <vector>
-
-class EntityItem;
-class EntityItemData;
-class EntityModelInterface;
 
 /// A selection as ids grouped by type, with the type and the id of the item under which
 /// it was made. A plain value, without a link to any model.
