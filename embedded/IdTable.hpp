@@ -39,7 +39,7 @@ public:
         }
         const auto& [number, page] = *m_pages.rbegin();
         const auto last = std::find_if(page.rbegin(), page.rend(), is_used);
-        return number * page_size + static_cast<int>(page.rend() - last) - 1;
+        return number * page_size + static_cast<int>(page.rend() - last - 1);
     }
 
     /// All ids, ascending.

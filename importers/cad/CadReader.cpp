@@ -45,7 +45,13 @@ std::string trouble_in(const Interface_Check& check)
     return std::string(trouble.starts_with("Unknown message") ? "a value is wrong" : trouble);
 }
 
-// A record that did not load well makes the transfer crash.
+bool is_about_looks(const Standard_Transient& record)
+{
+    return std::string_view(record.DynamicType()->Name()).starts_with("StepVisual_");
+}
+
+// A record that did not load well makes the transfer crash, unless it is one that is
+// not looked at.
 void check_records(const XSControl_Reader& reader, FrameChannel& channel)
 {
     channel.send_progress(ImportStage::Check);
@@ -56,12 +62,23 @@ void check_records(const XSControl_Reader& reader, FrameChannel& channel)
     if (const auto check = model->GlobalCheck(); check->HasFailed()) {
         throw ImportError("it is damaged: " + trouble_in(*check));
     }
+    int damaged_looks = 0;
     for (int i = 1; i <= model->NbEntities(); ++i) {
-        if (const auto check = model->Check(i, true); check->HasFailed()) {
-            const auto label = model->StringLabel(model->Value(i));
-            throw ImportError(std::string("it is damaged: entity ") + label->ToCString() + ": " +
-                              trouble_in(*check));
+        const auto check = model->Check(i, true);
+        if (!check->HasFailed()) {
+            continue;
         }
+        const auto record = model->Value(i);
+        if (!is_about_looks(*record)) {
+            throw ImportError(std::string("it is damaged: entity ") +
+                              model->StringLabel(record)->ToCString() + ": " + trouble_in(*check));
+        }
+        ++damaged_looks;
+    }
+    if (damaged_looks > 0) {
+        channel.send_text(
+            FrameKind::Warning, "Damaged records about colours or views were ignored: " +
+                                    std::to_string(damaged_looks) + '.');
     }
 }
 

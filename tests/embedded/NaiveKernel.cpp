@@ -1,6 +1,7 @@
 #include "NaiveKernel.hpp"
 
 #include <algorithm>
+#include <QMap>
 #include <treemodel/kernel/KestoInterface.hpp>
 
 namespace {
@@ -246,6 +247,7 @@ QStringList dump_of_boundary()
     std::vector<std::string> names;
     std::vector<int> groups;
     group_list(names, groups);
+    QMap<int, QString> group_lines;
     for (std::size_t i = 0; i < groups.size(); ++i) {
         std::array<std::vector<int>, 6> ids;
         int count = 0;
@@ -255,7 +257,8 @@ QStringList dump_of_boundary()
         for (const std::vector<int>& list : ids) {
             members << text(list);
         }
-        lines << group_line(groups[i], names[i], is_visible("group", groups[i]), members);
+        group_lines[groups[i]] =
+            group_line(groups[i], names[i], is_visible("group", groups[i]), members);
     }
-    return lines;
+    return lines + group_lines.values();
 }

@@ -66,6 +66,7 @@ private Q_SLOTS:
     void sameIdOfTwoKindsIsTwoMembers();
     void elementCountsEachHaveTheirPlace();
     void groupsNest();
+    void nestedGroupIsListedBeforeThoseThatHoldIt();
     void circleOfGroupsIsRefused();
     void renamedRenumberedAndHiddenGroupIsTold();
     void renumberedMemberStaysAMember();
@@ -196,6 +197,17 @@ void tst_EmbeddedGroups::groupsNest()
     QCOMPARE(contents(2), QStringLiteral("groups 3"));
 }
 
+void tst_EmbeddedGroups::nestedGroupIsListedBeforeThoseThatHoldIt()
+{
+    EmbeddedKernel kernel;
+    for (const char* name : {"Car", "Wheel", "Bolt", "Road"}) {
+        kernel.create_group(name);
+    }
+    kernel.add_to_group(1, EntityKind::GROUP, {2});
+    kernel.add_to_group(2, EntityKind::GROUP, {3});
+    QCOMPARE(groups(), QStringLiteral("3 Bolt, 2 Wheel, 1 Car, 4 Road"));
+}
+
 void tst_EmbeddedGroups::circleOfGroupsIsRefused()
 {
     EmbeddedKernel kernel;
@@ -281,7 +293,7 @@ void tst_EmbeddedGroups::openedModelBringsItsGroups()
     EmbeddedKernel kernel;
     kernel.create_group("Old");
     kernel.open_model(loose_ends(), "ends.step");
-    QCOMPARE(groups(), QStringLiteral("1 All, 2 Tips"));
+    QCOMPARE(groups(), QStringLiteral("2 Tips, 1 All"));
     QCOMPARE(contents(1), QStringLiteral("groups 2 bodies 1"));
     QCOMPARE(contents(2), QStringLiteral("vertices 3"));
 }

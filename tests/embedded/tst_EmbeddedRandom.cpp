@@ -12,7 +12,7 @@ using namespace KestoInterface;
 
 namespace {
 
-constexpr int seeds = 25;
+constexpr int seeds = 12;
 
 // The first difference of two dumps, empty if there is none.
 QString difference(const QStringList& actual, const QStringList& expected)

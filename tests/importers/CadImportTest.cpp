@@ -297,6 +297,40 @@ private Q_SLOTS:
         QCOMPARE(model.bodies[0].name, std::string("Plate 600x300"));
     }
 
+    void codedNameIsDecoded()
+    {
+        auto step = content_of(example("pump_station.step"));
+        step.replace("Geh\u00e4use", R"(O''Brien \X2\00D8\X0\)");
+
+        const auto model = imported(write("coded.step", step));
+
+        QCOMPARE(model.bodies[1].name, std::string("O'Brien \u00d8"));
+    }
+
+    void partWithoutGeometryIsLeftOutWithAWarning()
+    {
+        auto step = content_of(example("roof.step"));
+        step.replace("(#11,#169,#177)", "(#11)");
+
+        m_log->import(write("gap.step", step));
+
+        QCOMPARE(warnings(), QStringList{"The part \"Guide lines\" has no geometry of its own and "
+                                         "was left out."});
+        QCOMPARE(m_job->take_model().bodies.size(), std::size_t(1));
+    }
+
+    void damagedColourIsIgnoredWithAWarning()
+    {
+        auto step = content_of(example("roof.step"));
+        step.replace("ENDSEC;\nEND-ISO", "#9000=COLOUR_RGB('',1.,'x',0.);\nENDSEC;\nEND-ISO");
+
+        const auto model = imported(write("coloured.step", step));
+
+        QCOMPARE(
+            warnings(), QStringList{"Damaged records about colours or views were ignored: 1."});
+        QCOMPARE(counts(model), counts(imported(example("roof.step"))));
+    }
+
     void uselessFileBecomesASentence_data()
     {
         QTest::addColumn<QByteArray>("bytes");
@@ -400,6 +434,12 @@ private:
     {
         return text.startsWith("Cannot import \"") && text.endsWith('.') && !text.endsWith("..") &&
                !text.contains('\n');
+    }
+
+    QStringList warnings() const
+    {
+        auto lines = m_log->lines().filter(QRegularExpression("^warning: "));
+        return lines.replaceInStrings(QRegularExpression("^warning: "), {});
     }
 
     ModelData imported(const QString& path)

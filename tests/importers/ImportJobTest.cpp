@@ -161,6 +161,18 @@ private Q_SLOTS:
         QTRY_VERIFY2(!is_helper_alive(), "the helper program must be ended");
     }
 
+    void helperMayBeSilentForLongerOverALargeFile()
+    {
+        m_job->set_silence_limit(100ms);
+        const auto path = script({"hang"});
+        QVERIFY(QFile::resize(path, 5'000'000));
+
+        m_log->import(path);
+
+        QVERIFY2(m_job->error_text().contains(" was ended after 1.1 s;"),
+            qPrintable(m_job->error_text()));
+    }
+
     void helperThatReportsMayTakeLongerThanTheLimit()
     {
         m_job->set_silence_limit(1s);
@@ -171,6 +183,17 @@ private Q_SLOTS:
         }
 
         m_log->import(script(commands << "model Plate"));
+
+        QCOMPARE(m_log->last(), QStringLiteral("finished: Succeeded"));
+    }
+
+    void slowEventLoopIsNotTakenForASilentHelper()
+    {
+        m_job->set_silence_limit(300ms);
+        connect(m_job.get(), &ImportJob::progress, this, [] { QTest::qSleep(500); });
+
+        m_log->import(
+            script({"progress 2 0.5", "sleep 100", "progress 3 0.5", "sleep 100", "model Plate"}));
 
         QCOMPARE(m_log->last(), QStringLiteral("finished: Succeeded"));
     }
@@ -326,7 +349,7 @@ private:
         if (!file.open(QIODevice::WriteOnly)) {
             qFatal("cannot write %s", qPrintable(file.fileName()));
         }
-        file.write("ISO-10303-21;\n" + commands.join(QLatin1Char('\n')).toUtf8());
+        file.write("ISO-10303-21;\n" + commands.join(QLatin1Char('\n')).toUtf8() + '\n');
         return file.fileName();
     }
 

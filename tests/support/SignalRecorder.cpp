@@ -1,19 +1,12 @@
 #include <support/SignalRecorder.hpp>
 
 #include <QVariant>
-#include <treemodel/treedata/TreeGeometryData.hpp>
+#include <support/RecordText.hpp>
+#include <treemodel/treedata/TreeMeshData.hpp>
 
 namespace {
 
-// "surface 5"; a record of any other class bears the name of its class.
-QString record_text(TreeData* record)
-{
-    QString kind = QLatin1String(record->metaObject()->className());
-    if (auto* geometry = qobject_cast<TreeGeometryData*>(record)) {
-        kind = QString::fromStdString(TreeGeometryData::type_to_string(geometry->geometry_type()));
-    }
-    return kind + QLatin1Char(' ') + QString::number(record->id());
-}
+constexpr QLatin1String mesh_owner(" of ");
 
 } // namespace
 
@@ -30,6 +23,8 @@ void SignalRecorder::watch(QObject* sender)
         return;
     }
     m_watched.insert(sender, {});
+    // Not earlier: a record is spoken of while it dies.
+    connect(sender, &QObject::destroyed, this, [this, sender] { m_watched.remove(sender); });
     const QMetaObject* meta = sender->metaObject();
     const int first_slot = QObject::staticMetaObject.methodCount();
     for (int i = QObject::staticMetaObject.methodCount(); i < meta->methodCount(); ++i) {
@@ -53,6 +48,10 @@ int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void** arguments
 
 void SignalRecorder::record(const Connection& connection, void** arguments)
 {
+    if (connection.signal.name() == "mesh_data_added") {
+        name_mesh_record(
+            *static_cast<TreeMeshData**>(arguments[1]), *static_cast<TreeData**>(arguments[2]));
+    }
     QStringList texts;
     for (int i = 0; i < connection.signal.parameterCount(); ++i) {
         texts.append(text_of(connection.signal.parameterMetaType(i), arguments[i + 1]));
@@ -60,9 +59,6 @@ void SignalRecorder::record(const Connection& connection, void** arguments)
     QString prefix;
     if (qobject_cast<TreeData*>(connection.sender)) {
         prefix = name_of(connection.sender) + QLatin1String(": ");
-    }
-    if (connection.signal.name() == "treedata_destroyed") {
-        m_watched.remove(connection.sender);
     }
     m_log.add(prefix + QLatin1String(connection.signal.name()) + QLatin1Char('(') +
               texts.join(QLatin1String(", ")) + QLatin1Char(')'));
@@ -93,8 +89,15 @@ QString SignalRecorder::name_of(QObject* object)
     QString& known = m_watched[record];
     const QString text = record_text(record);
     const QLatin1String dying("TreeData ");
-    if (known.isEmpty() || known.startsWith(dying) || !text.startsWith(dying)) {
+    const bool tells_less = text.startsWith(dying) || known.startsWith(text + mesh_owner);
+    if (known.isEmpty() || !tells_less) {
         known = text;
     }
     return known;
+}
+
+void SignalRecorder::name_mesh_record(TreeMeshData* record, TreeData* owner)
+{
+    watch(record);
+    m_watched[record] = record_text(record) + mesh_owner + name_of(owner);
 }

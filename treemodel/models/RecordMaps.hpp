@@ -51,12 +51,13 @@ Record* add_record(RecordMap<Record>& records, Model* model, void (Model::*added
     return deaths == RecordDeaths::count() ? record : find_record(records, id);
 }
 
-/// Hands the record over to the caller; null if there is none.
+/// Hands the record over to the caller, so that it goes also if a receiver of its removed
+/// signal throws; null if there is none.
 template <typename Record>
-Record* take_record(RecordMap<Record>& records, int id)
+std::unique_ptr<Record> take_record(RecordMap<Record>& records, int id)
 {
     const auto node = records.extract(id);
-    return node.empty() ? nullptr : node.mapped();
+    return std::unique_ptr<Record>(node.empty() ? nullptr : node.mapped());
 }
 
 /// Moves a record to a new id, if it is there. A record that stood under that id

@@ -70,13 +70,10 @@ TreeGroupData* TreeGroupModel::add_group(const QString& name, int id)
 
 void TreeGroupModel::remove_group(int id)
 {
-    TreeGroupData* group = take_record(m_group_map, id);
-    if (!group) {
-        return;
+    if (const auto group = take_record(m_group_map, id)) {
+        clear_associations(group.get());
+        Q_EMIT group_removed(group.get());
     }
-    clear_associations(group);
-    Q_EMIT group_removed(group);
-    delete group;
 }
 
 void TreeGroupModel::change_group_id(int old_id, int new_id)

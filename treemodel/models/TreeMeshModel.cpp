@@ -28,9 +28,8 @@ TreeSizingSourceData* TreeMeshModel::add_sizing_source(int id)
 
 void TreeMeshModel::remove_sizing_source(int id)
 {
-    if (TreeSizingSourceData* source = take_record(m_sizing_source_map, id)) {
-        Q_EMIT sizing_source_removed(source);
-        delete source;
+    if (const auto source = take_record(m_sizing_source_map, id)) {
+        Q_EMIT sizing_source_removed(source.get());
     }
 }
 
@@ -51,9 +50,8 @@ TreeBoundaryLayerData* TreeMeshModel::add_boundary_layer(int id)
 
 void TreeMeshModel::remove_boundary_layer(int id)
 {
-    if (TreeBoundaryLayerData* layer = take_record(m_boundary_layer_map, id)) {
-        Q_EMIT boundary_layer_removed(layer);
-        delete layer;
+    if (const auto layer = take_record(m_boundary_layer_map, id)) {
+        Q_EMIT boundary_layer_removed(layer.get());
     }
 }
 
@@ -88,9 +86,9 @@ TreeMeshData* TreeMeshModel::add_mesh_data(
 
 void TreeMeshModel::remove_mesh_data(TreeMeshData::MeshType type, TreeData* owner)
 {
-    if (TreeMeshData* record = take_mesh_data(type, owner)) {
-        Q_EMIT mesh_data_removed(record, owner);
-        delete record;
+    if (auto record = take_mesh_data(type, owner)) {
+        Q_EMIT mesh_data_removed(record.get(), owner);
+        record.reset();
         drop_empty_entry(owner);
     }
 }
@@ -167,7 +165,7 @@ void TreeMeshModel::mesh_data_owner_destroyed(TreeData* owner)
         TreeMeshData* record = records->begin()->second;
         const TreeMeshData::MeshType type = record->mesh_type();
         Q_EMIT mesh_data_removed(record, owner);
-        delete take_mesh_data(type, owner);
+        take_mesh_data(type, owner).reset();
     }
     m_mesh_data_map.erase(owner);
 }
@@ -180,7 +178,8 @@ TreeMeshModel::MeshDataMap* TreeMeshModel::mesh_data_of(TreeData* owner)
 }
 
 /// Hands the record over to the caller; null if there is none.
-TreeMeshData* TreeMeshModel::take_mesh_data(TreeMeshData::MeshType type, TreeData* owner)
+std::unique_ptr<TreeMeshData> TreeMeshModel::take_mesh_data(
+    TreeMeshData::MeshType type, TreeData* owner)
 {
     MeshDataMap* records = mesh_data_of(owner);
     return records ? take_record(*records, type) : nullptr;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <QObject>
 #include <treemodel/treedata/TreeBoundaryLayerData.hpp>
 #include <treemodel/treedata/TreeMeshData.hpp>
@@ -96,7 +97,7 @@ private:
     using MeshDataMap = std::map<int, TreeMeshData*>;
 
     MeshDataMap* mesh_data_of(TreeData* owner);
-    TreeMeshData* take_mesh_data(TreeMeshData::MeshType type, TreeData* owner);
+    std::unique_ptr<TreeMeshData> take_mesh_data(TreeMeshData::MeshType type, TreeData* owner);
     void announce_first_mesh_data(TreeMeshData* record, TreeData* owner);
     void drop_empty_entry(TreeData* owner);
     void watch(TreeData* owner);

@@ -35,10 +35,9 @@ TreeExodusData* TreeSimModel::add_exodus(TreeExodusData::ExodusType type, int id
 
 void TreeSimModel::remove_exodus(TreeExodusData::ExodusType type, int id)
 {
-    if (TreeExodusData* exodus = take_record(exodus_map_from_type(type), id)) {
-        clear_associations(exodus);
-        Q_EMIT exodus_entity_removed(exodus);
-        delete exodus;
+    if (const auto exodus = take_record(exodus_map_from_type(type), id)) {
+        clear_associations(exodus.get());
+        Q_EMIT exodus_entity_removed(exodus.get());
     }
 }
 
@@ -69,10 +68,9 @@ TreeFeaBCData* TreeSimModel::add_fea_bc(TreeFeaBCData::FEAType type, int id)
 
 void TreeSimModel::remove_fea_bc(TreeFeaBCData::FEAType type, int id)
 {
-    if (TreeFeaBCData* bc = take_record(fea_map_from_type(type), id)) {
-        clear_associations(bc);
-        Q_EMIT fea_bc_removed(bc);
-        delete bc;
+    if (const auto bc = take_record(fea_map_from_type(type), id)) {
+        clear_associations(bc.get());
+        Q_EMIT fea_bc_removed(bc.get());
     }
 }
 
@@ -106,12 +104,13 @@ TreeCfdBCData* TreeSimModel::add_cfd_bc(TreeCfdBCData::CFDType type, int id)
 
 void TreeSimModel::remove_cfd_bc(int id)
 {
-    if (TreeCfdBCData* bc = take_record(m_cfd_map, id)) {
-        clear_associations(bc);
-        Q_EMIT cfd_bc_removed(bc);
+    if (auto bc = take_record(m_cfd_map, id)) {
+        clear_associations(bc.get());
+        Q_EMIT cfd_bc_removed(bc.get());
         // The record can still be written to, and linked, until the event loop deletes it.
-        connect(bc, &TreeData::treedata_destroyed, this, &TreeSimModel::clear_bc_associations);
-        bc->deleteLater();
+        connect(
+            bc.get(), &TreeData::treedata_destroyed, this, &TreeSimModel::clear_bc_associations);
+        bc.release()->deleteLater();
     }
 }
 
@@ -149,9 +148,8 @@ TreeMaterialData* TreeSimModel::add_material(int id, bool is_cfd)
 
 void TreeSimModel::remove_material(int id)
 {
-    if (TreeMaterialData* material = take_record(m_material_map, id)) {
-        Q_EMIT material_removed(material);
-        delete material;
+    if (const auto material = take_record(m_material_map, id)) {
+        Q_EMIT material_removed(material.get());
     }
 }
 
