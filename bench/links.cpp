@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <numeric>
+#include <QMetaMethod>
 #include <random>
 #include <set>
 #include <treemodel/models/TreeGeomModel.hpp>
@@ -45,6 +46,12 @@ void erase_plain_link(PlainLinks& links, PlainRecord* from, PlainRecord* to)
     if (entry->second.empty()) {
         links.erase(entry);
     }
+}
+
+void find_plain_links(const PlainLinks& links, PlainRecord* record)
+{
+    const auto& set = links.at(record);
+    benchmark::DoNotOptimize(std::vector<PlainRecord*>(set.begin(), set.end()).data());
 }
 
 double seconds_used()
@@ -145,7 +152,7 @@ struct PlainMembers
             groups.push_back(new PlainRecord);
         }
         for (int id = 0; id < count; ++id) {
-            members[id] = new PlainRecord;
+            members.push_back(new PlainRecord);
         }
     }
 
@@ -168,12 +175,10 @@ struct PlainMembers
     void find()
     {
         for (PlainRecord* group : groups) {
-            const auto& set = group_children.at(group);
-            benchmark::DoNotOptimize(std::vector<PlainRecord*>(set.begin(), set.end()).data());
+            find_plain_links(group_children, group);
         }
         for (int i : order) {
-            const auto& set = child_groups.at(members[i]);
-            benchmark::DoNotOptimize(std::vector<PlainRecord*>(set.begin(), set.end()).data());
+            find_plain_links(child_groups, members[i]);
         }
     }
 
@@ -187,7 +192,7 @@ struct PlainMembers
 
     void end_members()
     {
-        for (const auto& [id, member] : members) {
+        for (PlainRecord* member : members) {
             const auto entry = child_groups.find(member);
             if (entry != child_groups.end()) {
                 for (PlainRecord* group : entry->second) {
@@ -221,14 +226,14 @@ struct PlainMembers
     }
 
     std::vector<PlainRecord*> groups;
-    std::map<int, PlainRecord*> members;
+    std::vector<PlainRecord*> members;
     PlainLinks group_children;
     PlainLinks child_groups;
     std::vector<int> order;
 };
 
 /// What a member has beyond the maps: it is a QObject, with a connection that is
-/// made and cut by name as the model does it.
+/// made and cut as the model does it.
 struct Connections
 {
     explicit Connections(int count)
@@ -242,16 +247,14 @@ struct Connections
     void add()
     {
         for (int i : order) {
-            QObject::connect(members[i], SIGNAL(treedata_destroyed(TreeData*)), &watcher,
-                SLOT(ignore(TreeData*)));
+            QObject::connect(members[i], signal, &watcher, slot);
         }
     }
 
     void remove()
     {
         for (int i : order) {
-            QObject::disconnect(members[i], SIGNAL(treedata_destroyed(TreeData*)), &watcher,
-                SLOT(ignore(TreeData*)));
+            QObject::disconnect(members[i], signal, &watcher, slot);
         }
     }
 
@@ -270,6 +273,9 @@ struct Connections
     }
 
     Watcher watcher;
+    QMetaMethod signal = QMetaMethod::fromSignal(&TreeData::treedata_destroyed);
+    QMetaMethod slot =
+        watcher.metaObject()->method(watcher.metaObject()->indexOfSlot("ignore(TreeData*)"));
     TreeGeomModel geometry;
     std::vector<TreeGeometryData*> members;
     std::vector<int> order;
@@ -348,23 +354,21 @@ struct PlainLinksOfConditions
     {
         for (int id = 0; id < count / links_of_a_condition; ++id) {
             conditions.push_back(new PlainRecord);
-            sidesets[id] = new PlainRecord;
+            sidesets.push_back(new PlainRecord);
         }
     }
 
     ~PlainLinksOfConditions()
     {
         std::for_each(conditions.begin(), conditions.end(), std::default_delete<PlainRecord>());
-        for (const auto& [id, sideset] : sidesets) {
-            delete sideset;
-        }
+        std::for_each(sidesets.begin(), sidesets.end(), std::default_delete<PlainRecord>());
     }
 
     PlainRecord* condition_of(int link) { return conditions[link / links_of_a_condition]; }
 
     PlainRecord* sideset_of(int link)
     {
-        return sidesets.at((link / links_of_a_condition + link * 7) % int(conditions.size()));
+        return sidesets[(link / links_of_a_condition + link * 7) % sidesets.size()];
     }
 
     void add()
@@ -377,11 +381,11 @@ struct PlainLinksOfConditions
 
     void find()
     {
-        for (const PlainLinks* links : {&bc_exodus, &exodus_bc}) {
-            for (const auto& [record, unused] : *links) {
-                const auto& set = links->at(record);
-                benchmark::DoNotOptimize(std::vector<PlainRecord*>(set.begin(), set.end()).data());
-            }
+        for (PlainRecord* condition : conditions) {
+            find_plain_links(bc_exodus, condition);
+        }
+        for (PlainRecord* sideset : sidesets) {
+            find_plain_links(exodus_bc, sideset);
         }
     }
 
@@ -395,17 +399,17 @@ struct PlainLinksOfConditions
 
     void end_sidesets()
     {
-        for (auto entry = sidesets.begin(); entry != sidesets.end();) {
-            const auto linked = exodus_bc.find(entry->second);
+        for (PlainRecord* sideset : sidesets) {
+            const auto linked = exodus_bc.find(sideset);
             if (linked != exodus_bc.end()) {
                 for (PlainRecord* condition : linked->second) {
-                    bc_exodus.at(condition).erase(entry->second);
+                    bc_exodus.at(condition).erase(sideset);
                 }
                 exodus_bc.erase(linked);
             }
-            delete entry->second;
-            entry = sidesets.erase(entry);
+            delete sideset;
         }
+        sidesets.clear();
     }
 
     static std::unique_ptr<PlainLinksOfConditions> made(int count)
@@ -421,7 +425,7 @@ struct PlainLinksOfConditions
     }
 
     std::vector<PlainRecord*> conditions;
-    std::map<int, PlainRecord*> sidesets;
+    std::vector<PlainRecord*> sidesets;
     PlainLinks bc_exodus;
     PlainLinks exodus_bc;
     std::vector<int> order;

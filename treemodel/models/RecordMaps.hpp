@@ -3,19 +3,14 @@
 #include <map>
 #include <memory>
 #include <QObject>
-#include <set>
 #include <treemodel/treedata/RecordDeaths.hpp>
 #include <utility>
 #include <vector>
 
-// What the domain models have in common: records by id, owned, and links
-// between records, not owned and held once from each side. Internal.
+// What the domain models have in common: the records that they own, by id. Internal.
 
 template <typename Record>
 using RecordMap = std::map<int, Record*>;
-
-template <typename From, typename To>
-using LinkSets = std::map<From*, std::set<To*>>;
 
 /// The record of that id and whether it is new; a new one is made of `arguments`.
 template <typename Record, typename... Arguments>
@@ -104,15 +99,4 @@ std::vector<Record*> all_records(const RecordMap<Record>& records)
         result.push_back(record);
     }
     return result;
-}
-
-/// The records that `record` is linked to, in the order of their addresses.
-template <typename From, typename To>
-std::vector<To*> linked_records(const LinkSets<From, To>& links, From* record)
-{
-    const auto entry = links.find(record);
-    if (entry == links.end()) {
-        return {};
-    }
-    return {entry->second.begin(), entry->second.end()};
 }

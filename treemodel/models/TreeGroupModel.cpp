@@ -5,18 +5,39 @@
 
 namespace {
 
+template <typename From, typename To>
+using LinkSets = std::map<From*, std::set<To*>>;
+
+// The records that `record` is linked to, in the order of their addresses.
+template <typename From, typename To>
+std::vector<To*> linked_records(const LinkSets<From, To>& links, From* record)
+{
+    const auto entry = links.find(record);
+    if (entry == links.end()) {
+        return {};
+    }
+    return {entry->second.begin(), entry->second.end()};
+}
+
+enum class Erased {
+    Nothing,
+    Link,
+    LastLink,
+};
+
 // Ends a link as seen from one side; an entry goes with its last link.
 template <typename From, typename To>
-bool erase_link(LinkSets<From, To>& links, From* from, To* to)
+Erased erase_link(LinkSets<From, To>& links, From* from, To* to)
 {
     const auto entry = links.find(from);
     if (entry == links.end() || entry->second.erase(to) == 0) {
-        return false;
+        return Erased::Nothing;
     }
-    if (entry->second.empty()) {
-        links.erase(entry);
+    if (!entry->second.empty()) {
+        return Erased::Link;
     }
-    return true;
+    links.erase(entry);
+    return Erased::LastLink;
 }
 
 const DeathWatch& death_watch()
@@ -126,12 +147,12 @@ bool TreeGroupModel::associate_group(TreeGroupData* group, TreeData* child)
 
 bool TreeGroupModel::disassociate_group(TreeGroupData* group, TreeData* child)
 {
-    const bool child_left = erase_link(m_group_children_map, group, child);
-    const bool group_left = erase_link(m_child_groups_map, child, group);
-    if (group_left && !m_child_groups_map.contains(child)) {
+    const Erased from_group = erase_link(m_group_children_map, group, child);
+    const Erased from_child = erase_link(m_child_groups_map, child, group);
+    if (from_child == Erased::LastLink) {
         unwatch(child);
     }
-    return child_left || group_left;
+    return from_group != Erased::Nothing || from_child != Erased::Nothing;
 }
 
 void TreeGroupModel::clear_associations(TreeGroupData* group)

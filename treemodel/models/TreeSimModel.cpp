@@ -4,21 +4,13 @@
 
 namespace {
 
-// Ends a link as seen from one side.
-template <typename From, typename To>
-bool erase_link(LinkSets<From, To>& links, From* from, To* to)
-{
-    const auto entry = links.find(from);
-    return entry != links.end() && entry->second.erase(to) > 0;
-}
-
 // The boundary conditions of one kind among those linked to the entity.
 template <typename BoundaryCondition>
 std::vector<BoundaryCondition*> linked_bcs(
-    const LinkSets<TreeExodusData, TreeData>& links, TreeExodusData* exodus)
+    const LinkMap<TreeExodusData, TreeData>& links, TreeExodusData* exodus)
 {
     std::vector<BoundaryCondition*> result;
-    for (TreeData* linked : linked_records(links, exodus)) {
+    for (TreeData* linked : links.find(exodus)) {
         if (auto* bc = qobject_cast<BoundaryCondition*>(linked)) {
             result.push_back(bc);
         }
@@ -213,12 +205,12 @@ void TreeSimModel::cfd_remove_exodus(TreeCfdBCData* bc, TreeExodusData* exodus)
 
 std::vector<TreeExodusData*> TreeSimModel::find_exodus_from_fea(TreeFeaBCData* bc)
 {
-    return linked_records<TreeData>(m_bc_exodus_map, bc);
+    return m_bc_exodus_map.find(bc);
 }
 
 std::vector<TreeExodusData*> TreeSimModel::find_exodus_from_cfd(TreeCfdBCData* bc)
 {
-    return linked_records<TreeData>(m_bc_exodus_map, bc);
+    return m_bc_exodus_map.find(bc);
 }
 
 std::vector<TreeFeaBCData*> TreeSimModel::find_fea_from_exodus(TreeExodusData* exodus)
@@ -251,15 +243,15 @@ TreeSimModel::FeaMap& TreeSimModel::fea_map_from_type(TreeFeaBCData::FEAType typ
 
 bool TreeSimModel::associate_bc(TreeData* bc, TreeExodusData* exodus)
 {
-    const bool exodus_is_new = m_bc_exodus_map[bc].insert(exodus).second;
-    const bool bc_is_new = m_exodus_bc_map[exodus].insert(bc).second;
+    const bool exodus_is_new = m_bc_exodus_map.insert(bc, exodus);
+    const bool bc_is_new = m_exodus_bc_map.insert(exodus, bc);
     return exodus_is_new || bc_is_new;
 }
 
 bool TreeSimModel::disassociate_bc(TreeData* bc, TreeExodusData* exodus)
 {
-    const bool exodus_left = erase_link(m_bc_exodus_map, bc, exodus);
-    const bool bc_left = erase_link(m_exodus_bc_map, exodus, bc);
+    const bool exodus_left = m_bc_exodus_map.erase(bc, exodus);
+    const bool bc_left = m_exodus_bc_map.erase(exodus, bc);
     return exodus_left || bc_left;
 }
 
@@ -274,7 +266,7 @@ void TreeSimModel::clear_associations(TreeData* record)
 
 void TreeSimModel::clear_exodus_associations(TreeExodusData* exodus)
 {
-    for (TreeData* bc : linked_records(m_exodus_bc_map, exodus)) {
+    for (TreeData* bc : m_exodus_bc_map.find(exodus)) {
         disassociate_bc(bc, exodus);
     }
     m_exodus_bc_map.erase(exodus);
@@ -283,7 +275,7 @@ void TreeSimModel::clear_exodus_associations(TreeExodusData* exodus)
 // Also the last step of an outgoing record, which is no more than a key then.
 void TreeSimModel::clear_bc_associations(TreeData* bc)
 {
-    for (TreeExodusData* exodus : linked_records(m_bc_exodus_map, bc)) {
+    for (TreeExodusData* exodus : m_bc_exodus_map.find(bc)) {
         disassociate_bc(bc, exodus);
     }
     m_bc_exodus_map.erase(bc);

@@ -3,7 +3,7 @@
 #include <array>
 #include <map>
 #include <QObject>
-#include <set>
+#include <treemodel/models/LinkMap.hpp>
 #include <treemodel/treedata/TreeCfdBCData.hpp>
 #include <treemodel/treedata/TreeExodusData.hpp>
 #include <treemodel/treedata/TreeFeaBCData.hpp>
@@ -171,6 +171,6 @@ private:
     std::array<FeaMap, 11> m_fea_maps;      // indexed by FEAType
     std::map<int, TreeCfdBCData*> m_cfd_map;
     std::map<int, TreeMaterialData*> m_material_map;
-    std::map<TreeData*, std::set<TreeExodusData*>> m_bc_exodus_map;
-    std::map<TreeExodusData*, std::set<TreeData*>> m_exodus_bc_map;
+    LinkMap<TreeData, TreeExodusData> m_bc_exodus_map;
+    LinkMap<TreeExodusData, TreeData> m_exodus_bc_map;
 };
