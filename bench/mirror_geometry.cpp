@@ -143,6 +143,43 @@ void SurfaceModified(benchmark::State& state)
     }
 }
 
+template <typename Mirror, typename Make>
+void measure_destruction(benchmark::State& state, Make make)
+{
+    LatticeKernel kernel(state.range(0));
+    for (auto _ : state) {
+        state.PauseTiming();
+        std::unique_ptr<Mirror> mirror = make(kernel);
+        state.ResumeTiming();
+        mirror.reset();
+    }
+    count_records(state, kernel);
+}
+
+void Destruction(benchmark::State& state)
+{
+    measure_destruction<TreeModel>(state, [](const LatticeKernel&) {
+        auto mirror = std::make_unique<TreeModel>();
+        mirror->refresh_model(false);
+        return mirror;
+    });
+}
+
+// The same objects, alone in one list.
+void Destruction_floor(benchmark::State& state)
+{
+    using Records = std::vector<std::unique_ptr<TreeGeometryData>>;
+    measure_destruction<Records>(state, [](const LatticeKernel& kernel) {
+        auto records = std::make_unique<Records>();
+        for (int kind = LatticeKernel::KindCount - 1; kind >= 0; --kind) {
+            for (const int id : kernel.ids(kind)) {
+                records->push_back(new_record(kind, id));
+            }
+        }
+        return records;
+    });
+}
+
 double heap_in_use()
 {
     return double(mallinfo2().uordblks + mallinfo2().hblkhd);
@@ -186,6 +223,8 @@ BENCHMARK_CAPTURE(FirstFill_floor, objects_and_links, PlainMirror::WithLinks)->A
 BENCHMARK(SteadyRefresh)->Apply(sizes);
 BENCHMARK(SteadyRefresh_floor)->Apply(sizes);
 BENCHMARK(SurfaceModified)->Arg(10'000)->Arg(100'000)->Arg(1'000'000);
+BENCHMARK(Destruction)->Apply(sizes);
+BENCHMARK(Destruction_floor)->Apply(sizes);
 BENCHMARK(Heap)->Apply(sizes)->Iterations(1);
 BENCHMARK(Heap_floor)->Apply(sizes)->Iterations(1);
 
