@@ -192,7 +192,8 @@ void tst_TreeModel::clearIsToldBeforeAnyRecordIsGone()
     QStringList seen;
     auto& model = mirror->model;
     connect(
-        &model, &TreeModel::about_to_clear_geometry, this, [&] { seen = geometry_text(model); });
+        &model, &TreeModel::about_to_clear_geometry, this, [&] { seen = geometry_text(model); },
+        static_cast<Qt::ConnectionType>(Qt::DirectConnection | Qt::SingleShotConnection));
     model.refresh_model(true);
     QCOMPARE(seen, before);
 }

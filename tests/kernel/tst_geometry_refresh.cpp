@@ -1,7 +1,106 @@
+#include <algorithm>
 #include <memory>
 #include <QTest>
+#include <random>
 #include <support/GeometryText.hpp>
 #include <support/WatchedMirror.hpp>
+
+namespace {
+
+constexpr const char* words[]{"body", "volume", "surface", "curve", "vertex"};
+
+// Fills the kernel with anything, but names all and gives each body a volume: what an
+// unnamed virtual entity or an empty body shows depends on what it was before.
+void script_at_random(RecordingKernel& kernel, std::mt19937& random)
+{
+    const auto any_ids = [&random] {
+        std::vector<int> ids;
+        for (int i = int(random() % 6); i > 0; --i) {
+            ids.push_back(int(random() % 7));
+        }
+        return ids;
+    };
+    kernel.relatives.clear();
+    kernel.hidden.clear();
+    kernel.virtual_entities.clear();
+    kernel.containing_virtual.clear();
+    kernel.sheet_volumes.clear();
+    for (int kind = 0; kind < 5; ++kind) {
+        kernel.entities[words[kind]] = any_ids();
+        for (int id = 0; id < 7; ++id) {
+            const RecordingKernel::Entity entity(words[kind], id);
+            kernel.names[entity] = "Name " + std::to_string(random() % 3);
+            if (kind < 4) {
+                auto& children = kernel.relatives[{words[kind], id, words[kind + 1]}];
+                children = any_ids();
+                if (kind == 0) {
+                    children.push_back(int(random() % 7));
+                }
+            }
+            for (auto* flags :
+                {&kernel.hidden, &kernel.virtual_entities, &kernel.containing_virtual}) {
+                if (random() % 4 == 0) {
+                    flags->insert(entity);
+                }
+            }
+            if (kind == 1 && random() % 4 == 0) {
+                kernel.sheet_volumes.insert(id);
+            }
+        }
+    }
+}
+
+// What geometry_text() should give for a mirror of the kernel, from its tables alone.
+QStringList text_of(const RecordingKernel& kernel)
+{
+    const auto listed = [&kernel](int kind) {
+        const auto& ids = kernel.entities.at(words[kind]);
+        return std::set<int>(ids.begin(), ids.end());
+    };
+    const auto children = [&kernel](int kind, int id) {
+        return kernel.relatives.at({words[kind], id, words[kind + 1]});
+    };
+    const auto links = [](const char* sign, const QStringList& names) {
+        return names.isEmpty() ? QString() : sign + names.join(", ");
+    };
+    const auto name = [](int kind, int id) { return QString("%1 %2").arg(words[kind]).arg(id); };
+    QStringList lines;
+    for (int kind = 0; kind < 5; ++kind) {
+        for (const int id : listed(kind)) {
+            const RecordingKernel::Entity entity(words[kind], id);
+            const auto& virtual_set =
+                kind == 1 ? kernel.containing_virtual : kernel.virtual_entities;
+            const bool is_virtual = virtual_set.contains(entity);
+            QString line = name(kind, id) + " '" + QString::fromStdString(kernel.names.at(entity)) +
+                           (is_virtual ? " (v)'" : "'");
+            line += kernel.hidden.contains(entity) ? " hidden" : "";
+            line += is_virtual ? " virtual" : "";
+            if (kind == 0) {
+                const std::vector<int> volumes = children(0, id);
+                line += kernel.sheet_volumes.contains(volumes.front()) ? " sheet" : "";
+                line += volumes.size() > 1 ? " multi" : "";
+            }
+            QStringList above;
+            for (const int parent : kind > 0 ? listed(kind - 1) : std::set<int>()) {
+                const std::vector<int> ids = children(kind - 1, parent);
+                if (std::count(ids.begin(), ids.end(), id) > 0) {
+                    above << name(kind - 1, parent);
+                }
+            }
+            QStringList below;
+            for (const int child : kind < 4 ? listed(kind + 1) : std::set<int>()) {
+                const std::vector<int> ids = children(kind, id);
+                if (std::count(ids.begin(), ids.end(), child) > 0) {
+                    below << name(kind + 1, child);
+                }
+            }
+            lines << line + links(" < ", above) + links(" > ", below);
+        }
+    }
+    return lines;
+}
+
+} // namespace
 
 class tst_geometry_refresh : public QObject
 {
@@ -26,6 +125,8 @@ private Q_SLOTS:
     void unlistedRelativeGoesInItsOwnPass();
 
     void unregisteredMirrorIsRefreshed();
+
+    void anyModelIsMirroredFromAnyOther();
 
 private:
     std::unique_ptr<WatchedMirror> mirror;
@@ -234,6 +335,26 @@ void tst_geometry_refresh::unregisteredMirrorIsRefreshed()
     mirror->kernel.entities["vertex"] = {5};
     mirror->model.refresh_model(false);
     QCOMPARE(mirror->log.take_only({"geometry_"}), QStringList("geometry_added(vertex 5, null)"));
+}
+
+void tst_geometry_refresh::anyModelIsMirroredFromAnyOther()
+{
+    for (unsigned seed = 0; seed < 60; ++seed) {
+        std::mt19937 random(seed);
+        mirror.reset();
+        mirror = std::make_unique<WatchedMirror>();
+        for (int round = 0; round < 5; ++round) {
+            script_at_random(mirror->kernel, random);
+            mirror->refresh();
+            const QStringList actual = geometry_text(mirror->model);
+            const QStringList expected = text_of(mirror->kernel);
+            QVERIFY2(actual == expected,
+                qPrintable(QString("seed %1, round %2: mirror\n%3\nshould be\n%4")
+                               .arg(seed)
+                               .arg(round)
+                               .arg(actual.join('\n'), expected.join('\n'))));
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_geometry_refresh)

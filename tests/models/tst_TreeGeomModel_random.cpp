@@ -355,9 +355,9 @@ class tst_TreeGeomModel_random : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void modelEqualsThePlainReference_data() { rows_of_seeds(8); }
+    void modelEqualsThePlainReference_data() { rows_of_seeds(5); }
     void modelEqualsThePlainReference();
-    void signalsAloneTellThePictureWhateverReceiversDo_data() { rows_of_seeds(4); }
+    void signalsAloneTellThePictureWhateverReceiversDo_data() { rows_of_seeds(3); }
     void signalsAloneTellThePictureWhateverReceiversDo();
 
 private:

@@ -144,7 +144,6 @@ Q_SIGNALS:
 
 private:
     // Geometry.
-    void link(TreeGeometryData::GeometryType parent_type, int parent_id, int child_id);
     void add_and_read(TreeGeometryData::GeometryType type, int id);
     void refresh_geometry_of(TreeGeometryData::GeometryType type);
     void read_body(GeometryHold& body);

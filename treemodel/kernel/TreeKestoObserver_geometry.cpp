@@ -20,6 +20,19 @@ GeometryType child_type(GeometryType type)
     return type == TreeGeometryData::VERTEX ? type : static_cast<GeometryType>(type - 1);
 }
 
+// Asks the kernel and writes its answer, unless the record has gone before or goes meanwhile.
+template <typename Query, typename Write>
+void read_answer(GeometryHold& hold, Query query, Write write)
+{
+    if (!hold.get()) {
+        return;
+    }
+    const auto answer = query(hold.id());
+    if (TreeGeometryData* geom = hold.get()) {
+        write(geom, answer);
+    }
+}
+
 } // namespace
 
 void TreeKestoObserver::notify_body_created(int id)
@@ -39,16 +52,21 @@ void TreeKestoObserver::notify_body_modified(int id)
 
 void TreeKestoObserver::notify_volume_modified(int id)
 {
-    m_geom_model->add_geometry(TreeGeometryData::VOLUME, id, nullptr);
-    const bool sheet = KestoInterface::is_sheet_body(id);
+    TreeGeometryData* record = m_geom_model->add_geometry(TreeGeometryData::VOLUME, id, nullptr);
+    if (!record) {
+        return;
+    }
+    GeometryHold volume(*m_geom_model, record);
+    const bool sheet = KestoInterface::is_sheet_body(volume.id());
     for (const int body_id : KestoInterface::get_relatives("volume", id, "body")) {
-        link(TreeGeometryData::BODY, body_id, id);
+        m_geom_model->associate_geometry(
+            m_geom_model->find_geometry(TreeGeometryData::BODY, body_id), volume.get());
         TreeGeometryData* body = m_geom_model->find_geometry(TreeGeometryData::BODY, body_id);
         if (auto* body_data = qobject_cast<TreeBodyData*>(body)) {
             body_data->set_sheet_body(sheet);
         }
     }
-    update_geometry(m_geom_model->find_geometry(TreeGeometryData::VOLUME, id));
+    update_geometry(volume.get());
 }
 
 void TreeKestoObserver::notify_volume_created(int id)
@@ -78,11 +96,16 @@ void TreeKestoObserver::notify_surface_modified(int id)
         update_geometry(known);
         return;
     }
-    m_geom_model->add_geometry(TreeGeometryData::SURFACE, id, nullptr);
-    for (const int volume_id : KestoInterface::get_relatives("surface", id, "volume")) {
-        link(TreeGeometryData::VOLUME, volume_id, id);
+    TreeGeometryData* record = m_geom_model->add_geometry(TreeGeometryData::SURFACE, id, nullptr);
+    if (!record) {
+        return;
     }
-    update_geometry(m_geom_model->find_geometry(TreeGeometryData::SURFACE, id));
+    GeometryHold surface(*m_geom_model, record);
+    for (const int volume_id : KestoInterface::get_relatives("surface", id, "volume")) {
+        m_geom_model->associate_geometry(
+            m_geom_model->find_geometry(TreeGeometryData::VOLUME, volume_id), surface.get());
+    }
+    update_geometry(surface.get());
 }
 
 void TreeKestoObserver::notify_curve_created(int id)
@@ -158,13 +181,6 @@ void TreeKestoObserver::add_and_read(GeometryType type, int id)
     update_geometry(m_geom_model->add_geometry(type, id, nullptr));
 }
 
-// Links two records of neighbouring kinds; one that is missing is not made.
-void TreeKestoObserver::link(GeometryType parent_type, int parent_id, int child_id)
-{
-    m_geom_model->associate_geometry(m_geom_model->find_geometry(parent_type, parent_id),
-        m_geom_model->find_geometry(child_type(parent_type), child_id));
-}
-
 void TreeKestoObserver::refresh_geometry_of(GeometryType type)
 {
     IdSet unconfirmed(m_geom_model->geometry_data(type));
@@ -196,20 +212,18 @@ void TreeKestoObserver::read_body(GeometryHold& hold)
 void TreeKestoObserver::read_attributes(GeometryHold& hold)
 {
     const std::string word = TreeGeometryData::type_to_string(hold.type());
-    const std::string name = KestoInterface::get_entity_name(word, hold.id(), true);
-    if (TreeGeometryData* geom = hold.get()) {
-        geom->set_name(kernel_text(name));
-    }
-    const bool visible = KestoInterface::is_visible(word, hold.id());
-    if (TreeGeometryData* geom = hold.get()) {
-        geom->set_visible(visible);
-    }
-    const bool is_virtual = hold.type() == TreeGeometryData::VOLUME
-                                ? KestoInterface::contains_virtual(word, hold.id())
-                                : KestoInterface::is_virtual(word, hold.id());
-    if (TreeGeometryData* geom = hold.get()) {
-        geom->set_virtual(is_virtual);
-    }
+    const auto virtual_query = hold.type() == TreeGeometryData::VOLUME
+                                   ? KestoInterface::contains_virtual
+                                   : KestoInterface::is_virtual;
+    read_answer(
+        hold, [&word](int id) { return KestoInterface::get_entity_name(word, id, true); },
+        [](TreeGeometryData* geom, const std::string& name) { geom->set_name(kernel_text(name)); });
+    read_answer(
+        hold, [&word](int id) { return KestoInterface::is_visible(word, id); },
+        [](TreeGeometryData* geom, bool visible) { geom->set_visible(visible); });
+    read_answer(
+        hold, [&](int id) { return virtual_query(word, id); },
+        [](TreeGeometryData* geom, bool is_virtual) { geom->set_virtual(is_virtual); });
 }
 
 // Brings the links to the children in line with the kernel and gives back the

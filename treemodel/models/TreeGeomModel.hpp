@@ -24,7 +24,8 @@ public:
 
     /// Gives back the record of that type and id and links it to `parent`, unless that is
     /// null. A new record (a TreeBodyData for a body) emits geometry_added(); a new
-    /// link of a record that was there emits association_added(). Null for a type out of range.
+    /// link of a record that was there emits association_added(). Null for a type out of
+    /// range, and if a receiver of these signals has removed the record.
     TreeGeometryData* add_geometry(
         TreeGeometryData::GeometryType type, int id, TreeGeometryData* parent);
 
