@@ -127,7 +127,7 @@ void tst_simulation_refresh::emptyKernelEndsEverything()
 
     const QStringList events = refresh();
 
-    QCOMPARE(events.filter("_removed(").size(), 6 + 5 + 2);
+    QCOMPARE(events.filter("_removed(").size(), 6 + 6 + 2);
     QVERIFY(events.filter("_added(").isEmpty());
     QVERIFY2(events.filter("exodus_removed_from").isEmpty(), "links end in silence");
     QCOMPARE(mirror_text(mirror->model).last(), "mesh records: edge, hex, node, pyramid, quad, "
