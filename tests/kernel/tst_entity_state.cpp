@@ -20,6 +20,7 @@ private Q_SLOTS:
     void renameOfAnUnknownIdAsksAndDoesNothing();
     void sameNameTellsNothing();
     void emptyNameGivesTheDefaultBack();
+    void defaultTextIsStoredLikeAnyName();
     void virtualRecordKeepsItsMark();
 
     void visibilityIsReadAndAlwaysTold_data();
@@ -151,6 +152,16 @@ void tst_entity_state::emptyNameGivesTheDefaultBack()
     mirror->observer().notify_entity_name_changed("surface", 3);
     QCOMPARE(mirror->model.find_group(3)->name(), "Entity 3");
     QCOMPARE(mirror->model.find_geometry(TreeGeometryData::SURFACE, 3)->name(), "Surface 3");
+}
+
+// Other than the reading of a group, which compares with the name that it shows.
+void tst_entity_state::defaultTextIsStoredLikeAnyName()
+{
+    mirror->kernel.names[{"group", 3}] = "Entity 3";
+    mirror->observer().notify_entity_name_changed("group", 3);
+    QCOMPARE(mirror->log.take().value(1), "group 3: name_changed(Entity 3)");
+    mirror->observer().notify_entity_id_changed("group", 3, 4);
+    QCOMPARE(mirror->model.find_group(4)->name(), "Entity 3");
 }
 
 void tst_entity_state::virtualRecordKeepsItsMark()
