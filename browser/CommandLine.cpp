@@ -33,7 +33,7 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     parser.addPositionalArgument(tr("FILE"), tr("The CAD file to open: STEP, IGES or BREP."));
 
     if (!parser.parse(arguments)) {
-        return misuse(parser.errorText() + QLatin1Char('.'));
+        return misuse(parser.errorText());
     }
     CommandLine result;
     if (parser.isSet(help)) {

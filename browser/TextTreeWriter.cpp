@@ -1,7 +1,9 @@
 #include <browser/TextTreeWriter.hpp>
 
-#include <browser/GeometryTree.hpp>
+#include <algorithm>
+#include <browser/MirrorTree.hpp>
 #include <QTextStream>
+#include <treemodel/treedata/TreeData.hpp>
 
 namespace {
 
@@ -16,16 +18,9 @@ QString printable(QString text)
     return text;
 }
 
-QString label(TreeGeometryData* record)
-{
-    return QStringLiteral("%1 %2")
-        .arg(QString::fromStdString(TreeGeometryData::type_to_string(record->geometry_type())))
-        .arg(record->id());
-}
-
 } // namespace
 
-TextTreeWriter::TextTreeWriter(const GeometryTree& tree, QTextStream& output, int depth)
+TextTreeWriter::TextTreeWriter(const MirrorTree& tree, QTextStream& output, int depth)
     : m_tree(tree)
     , m_output(output)
     , m_depth(depth)
@@ -34,33 +29,41 @@ TextTreeWriter::TextTreeWriter(const GeometryTree& tree, QTextStream& output, in
 
 void TextTreeWriter::write()
 {
-    for (TreeGeometryData* root : m_tree.roots()) {
-        write_record(root, 1, {});
+    for (TreeData* root : m_tree.roots()) {
+        write_record(root, {});
     }
 }
 
-void TextTreeWriter::write_record(TreeGeometryData* record, int level, const QString& indent)
+void TextTreeWriter::write_record(TreeData* record, const QString& indent)
 {
-    const QStringList facts = QStringList(label(record)) + m_tree.flags(record);
+    QStringList facts(QStringLiteral("%1 %2").arg(m_tree.kind(record)).arg(record->id()));
+    facts += m_tree.flags(record);
     m_output << printable(record->name()) << "  [" << facts.join(QLatin1String(", ")) << ']';
-    write_children(record, level, indent);
+    // A group may be its own member.
+    if (std::find(m_path.begin(), m_path.end(), record) == m_path.end()) {
+        write_children(record, indent);
+    } else {
+        m_output << "  …\n";
+    }
 }
 
-void TextTreeWriter::write_children(TreeGeometryData* record, int level, const QString& indent)
+void TextTreeWriter::write_children(TreeData* record, const QString& indent)
 {
-    const std::vector<TreeGeometryData*> children = m_tree.children(record);
-    if (level >= m_depth && !children.empty()) {
-        m_output << "  … "
-                 << GeometryTree::count_text(
-                        children.front()->geometry_type(), int(children.size()));
+    const std::vector<TreeData*> children =
+        m_tree.children(record, m_path.empty() ? nullptr : m_path.back());
+    const bool is_last_level = int(m_path.size()) + 1 >= m_depth;
+    if (is_last_level && !children.empty()) {
+        m_output << "  … " << children.size() << " below";
     }
     m_output << '\n';
-    if (level >= m_depth) {
+    if (is_last_level) {
         return;
     }
-    for (TreeGeometryData* child : children) {
+    m_path.push_back(record);
+    for (TreeData* child : children) {
         const bool is_last = child == children.back();
         m_output << indent << (is_last ? "└─ " : "├─ ");
-        write_record(child, level + 1, indent + QString::fromUtf8(is_last ? "   " : "│  "));
+        write_record(child, indent + QString::fromUtf8(is_last ? "   " : "│  "));
     }
+    m_path.pop_back();
 }

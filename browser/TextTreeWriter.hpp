@@ -2,16 +2,17 @@
 
 #include <limits>
 #include <QString>
+#include <vector>
 
-class GeometryTree;
+class MirrorTree;
 class QTextStream;
-class TreeGeometryData;
+class TreeData;
 
-/// Writes a geometry tree as indented text, one record a line:
+/// Writes a tree as indented text, one record a line:
 ///
 ///     plate  [body 1]
 ///     └─ Volume 1  [volume 1]
-///        ├─ Surface 1  [surface 1, shared by 2]  … 4 curves
+///        ├─ Surface 1  [surface 1, shared by 2]  … 4 below
 ///
 /// A record below which the depth ends tells how many children it has.
 class TextTreeWriter
@@ -19,15 +20,18 @@ class TextTreeWriter
 public:
     static constexpr int AllLevels = std::numeric_limits<int>::max();
 
-    TextTreeWriter(const GeometryTree& tree, QTextStream& output, int depth = AllLevels);
+    /// Keeps the references. `depth` is the number of levels to write.
+    TextTreeWriter(const MirrorTree& tree, QTextStream& output, int depth = AllLevels);
 
     void write();
 
 private:
-    void write_record(TreeGeometryData* record, int level, const QString& indent);
-    void write_children(TreeGeometryData* record, int level, const QString& indent);
+    void write_record(TreeData* record, const QString& indent);
+    void write_children(TreeData* record, const QString& indent);
 
-    const GeometryTree& m_tree;
+    const MirrorTree& m_tree;
     QTextStream& m_output;
     int m_depth;
+    // From the root to the parent of the record that is being written.
+    std::vector<TreeData*> m_path;
 };

@@ -5,8 +5,8 @@
 
 #include <browser/CommandLine.hpp>
 #include <browser/ConsoleImport.hpp>
-#include <browser/GeometryTree.hpp>
-#include <browser/JsonTreeWriter.hpp>
+#include <browser/JsonTree.hpp>
+#include <browser/MirrorTree.hpp>
 #include <browser/TextTreeWriter.hpp>
 #include <embedded/EmbeddedKernel.hpp>
 #include <QCoreApplication>
@@ -37,10 +37,10 @@ int print_file(const CommandLine& command, QTextStream& output, QTextStream& mes
     mirror.connect_to_kesto();
     kernel.open_model(*std::move(model), command.file.toStdString());
 
-    const GeometryTree tree(mirror);
+    const MirrorTree tree(mirror);
     const int depth = command.depth.value_or(TextTreeWriter::AllLevels);
     if (command.json) {
-        output << QJsonDocument(json_of(tree, command.file, depth)).toJson();
+        output << QJsonDocument(json_tree(tree, command.file, depth)).toJson();
     } else {
         TextTreeWriter(tree, output, depth).write();
         output << tree.counts_line() << '\n';

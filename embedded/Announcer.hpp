@@ -1,7 +1,8 @@
 #pragma once
 
-#include <embedded/EntityKind.hpp>
+#include <embedded/EntitySet.hpp>
 #include <string>
+#include <vector>
 
 namespace KestoInterface {
 class KIObserve;
@@ -51,6 +52,10 @@ public:
     void tell(void (KestoInterface::KIObserve::*notification)());
 
     void tell_file_opened(const std::string& file);
+
+    /// Both tell nothing if the list is empty.
+    void tell_selected(const std::vector<Entity>& entities);
+    void tell_deselected(const std::vector<Entity>& entities);
 
 private:
     template <typename Call>

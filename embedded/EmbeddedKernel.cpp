@@ -5,6 +5,7 @@
 #include <embedded/KernelState.hpp>
 #include <embedded/ModelCheck.hpp>
 #include <embedded/Requirements.hpp>
+#include <embedded/SelectCommand.hpp>
 #include <numeric>
 #include <treemodel/kernel/KestoInterface.hpp>
 
@@ -16,16 +17,24 @@ struct EmbeddedKernel::Contents
     Announcer announcer{state};
 
     int insert(EntityKind kind, const std::vector<int>& children, const std::string& name);
+    int create_setup(EntityKind kind, SetupRow row);
     void replace(const ModelData& model);
     void tell_modified(const EntitySet& entities);
 };
 
 namespace {
 
+struct ActiveKernel
+{
+    EmbeddedKernel* kernel = nullptr;
+    const KernelState* state = nullptr;
+};
+ActiveKernel active_kernel;
+
 // A parent that may have children, and an entity of the kind below.
 void require_levels(const KernelState& state, EntityKind parent_kind, int parent, int child)
 {
-    require_geometry(parent_kind);
+    require_family(geometry_family, parent_kind, "no geometry");
     if (parent_kind == EntityKind::VERTEX) {
         refuse("Nothing hangs under a vertex.");
     }
@@ -33,19 +42,39 @@ void require_levels(const KernelState& state, EntityKind parent_kind, int parent
     require_entity(state, Topology::below(parent_kind), child);
 }
 
+std::vector<Entity> to_entities(EntityKind kind, const std::vector<int>& ids)
+{
+    std::vector<Entity> entities;
+    entities.reserve(ids.size());
+    for (const int id : ids) {
+        entities.emplace_back(kind, id);
+    }
+    return entities;
+}
+
 } // namespace
 
 EmbeddedKernel::EmbeddedKernel()
     : m_contents(std::make_unique<Contents>())
 {
-    KernelState::set_active(&m_contents->state);
+    active_kernel = {this, &m_contents->state};
 }
 
 EmbeddedKernel::~EmbeddedKernel()
 {
-    if (KernelState::active() == &m_contents->state) {
-        KernelState::set_active(nullptr);
+    if (active_kernel.kernel == this) {
+        active_kernel = {};
     }
+}
+
+EmbeddedKernel* EmbeddedKernel::active()
+{
+    return active_kernel.kernel;
+}
+
+const KernelState* active_state()
+{
+    return active_kernel.state;
 }
 
 void EmbeddedKernel::open_model(const ModelData& model, const std::string& file)
@@ -217,7 +246,7 @@ void EmbeddedKernel::set_sheet(int volume, bool is_sheet)
 void EmbeddedKernel::set_virtual(EntityKind kind, int id, bool is_virtual)
 {
     KernelState& state = m_contents->state;
-    require_geometry(kind);
+    require_family(geometry_family, kind, "no geometry");
     require_entity(state, kind, id);
     if (state.geometry.row(kind, id).is_virtual != is_virtual) {
         EntitySet touched{{kind, id}};
@@ -240,6 +269,7 @@ void EmbeddedKernel::add_to_group(int group, EntityKind kind, const std::vector<
 {
     KernelState& state = m_contents->state;
     require_entity(state, EntityKind::GROUP, group);
+    require_family(member_family, kind, "nothing that a group holds");
     require_entities(state, kind, ids);
     if (kind == EntityKind::GROUP) {
         for (const int id : ids) {
@@ -258,6 +288,7 @@ void EmbeddedKernel::remove_from_group(int group, EntityKind kind, const std::ve
 {
     KernelState& state = m_contents->state;
     require_entity(state, EntityKind::GROUP, group);
+    require_family(member_family, kind, "nothing that a group holds");
     require_entities(state, kind, ids);
     if (state.groups.remove_members(group, kind, ids)) {
         m_contents->tell_modified({{EntityKind::GROUP, group}});
@@ -278,6 +309,153 @@ void EmbeddedKernel::set_element_counts(int group, const ElementCounts& counts)
     }
 }
 
+int EmbeddedKernel::create_sizing_source()
+{
+    return m_contents->create_setup(EntityKind::SIZING_SOURCE, {});
+}
+
+int EmbeddedKernel::create_boundary_layer()
+{
+    return m_contents->create_setup(EntityKind::BOUNDARY_LAYER, {});
+}
+
+int EmbeddedKernel::create_set(EntityKind kind, const std::string& name, bool is_lite)
+{
+    require_family(set_family, kind, "no block, sideset or nodeset");
+    SetupRow row;
+    row.name = name;
+    row.is_lite = is_lite;
+    return m_contents->create_setup(kind, std::move(row));
+}
+
+void EmbeddedKernel::set_lite(EntityKind kind, int id, bool is_lite)
+{
+    auto& [state, announcer] = *m_contents;
+    require_family(set_family, kind, "no block, sideset or nodeset");
+    require_entity(state, kind, id);
+    bool& present = state.setup.row(kind, id).is_lite;
+    if (present != is_lite) {
+        present = is_lite;
+        announcer.tell({Notice::MODIFIED, kind, id});
+    }
+}
+
+int EmbeddedKernel::create_material(const std::string& name)
+{
+    SetupRow row;
+    row.name = name;
+    return m_contents->create_setup(EntityKind::MATERIAL, std::move(row));
+}
+
+int EmbeddedKernel::create_medium(const std::string& name)
+{
+    SetupRow row;
+    row.name = name;
+    return m_contents->create_setup(EntityKind::MEDIUM, std::move(row));
+}
+
+int EmbeddedKernel::create_condition(EntityKind kind, const std::vector<int>& sidesets,
+    const std::vector<int>& nodesets, const std::string& name)
+{
+    require_family(condition_family, kind, "no boundary condition");
+    require_entities(m_contents->state, EntityKind::SIDESET, sidesets);
+    require_entities(m_contents->state, EntityKind::NODESET, nodesets);
+    SetupRow row;
+    row.name = name;
+    row.sidesets = sidesets;
+    row.nodesets = nodesets;
+    return m_contents->create_setup(kind, std::move(row));
+}
+
+void EmbeddedKernel::set_condition_sets(
+    EntityKind kind, int id, const std::vector<int>& sidesets, const std::vector<int>& nodesets)
+{
+    auto& [state, announcer] = *m_contents;
+    require_family(condition_family, kind, "no boundary condition");
+    require_entity(state, kind, id);
+    require_entities(state, EntityKind::SIDESET, sidesets);
+    require_entities(state, EntityKind::NODESET, nodesets);
+    SetupRow& row = state.setup.row(kind, id);
+    if (row.sidesets != sidesets || row.nodesets != nodesets) {
+        row.sidesets = sidesets;
+        row.nodesets = nodesets;
+        announcer.tell({Notice::MODIFIED, kind, id});
+    }
+}
+
+void EmbeddedKernel::change_kind(EntityKind kind, int id, EntityKind new_kind)
+{
+    auto& [state, announcer] = *m_contents;
+    require_entity(state, kind, id);
+    if (!id_range_of(kind).has(new_kind)) {
+        refuse(entity_text(kind, id) + " cannot become a " + entity_word(new_kind) + ".");
+    }
+    if (kind != new_kind) {
+        state.change_kind(kind, id, new_kind);
+        announcer.tell({Notice::MODIFIED, new_kind, id});
+    }
+}
+
+int EmbeddedKernel::Contents::create_setup(EntityKind kind, SetupRow row)
+{
+    require_ids_left(state, kind, 1);
+    const int id = state.highest_id(kind) + 1;
+    state.setup.rows(kind).insert(id) = std::move(row);
+    announcer.tell({Notice::CREATED, kind, id});
+    return id;
+}
+
+void EmbeddedKernel::select(EntityKind kind, const std::vector<int>& ids)
+{
+    auto& [state, announcer] = *m_contents;
+    require_entities(state, kind, ids);
+    announcer.tell_selected(state.select(to_entities(kind, ids)));
+}
+
+void EmbeddedKernel::deselect(EntityKind kind, const std::vector<int>& ids)
+{
+    auto& [state, announcer] = *m_contents;
+    require_entities(state, kind, ids);
+    announcer.tell_deselected(state.deselect(to_entities(kind, ids)));
+}
+
+void EmbeddedKernel::select_none()
+{
+    auto& [state, announcer] = *m_contents;
+    const std::vector<Entity> all = state.selection;
+    announcer.tell_deselected(state.deselect(all));
+}
+
+bool EmbeddedKernel::run_command(std::string_view line)
+{
+    auto& [state, announcer] = *m_contents;
+    const std::optional<SelectCommand> command = parse_select_command(line);
+    if (!command) {
+        return false;
+    }
+    std::vector<Entity> entities;
+    entities.reserve(command->entities.size());
+    for (const auto& [family, id] : command->entities) {
+        const std::optional<EntityKind> kind = state.kind_of(family, id);
+        if (!kind) {
+            return false;
+        }
+        entities.emplace_back(*kind, id);
+    }
+    switch (command->action) {
+    case SelectCommand::SELECT:
+        announcer.tell_selected(state.select(entities));
+        break;
+    case SelectCommand::DESELECT:
+        announcer.tell_deselected(state.deselect(entities));
+        break;
+    case SelectCommand::CLEAR:
+        select_none();
+        break;
+    }
+    return true;
+}
+
 void EmbeddedKernel::rename(EntityKind kind, int id, const std::string& name)
 {
     auto& [state, announcer] = *m_contents;
@@ -285,7 +463,8 @@ void EmbeddedKernel::rename(EntityKind kind, int id, const std::string& name)
     std::string& present = state.find(kind, id)->name;
     if (present != name) {
         present = name;
-        announcer.tell({Notice::RENAMED, kind, id});
+        const bool is_told_as_change = setup_family.has(kind) && !mesh_control_family.has(kind);
+        announcer.tell({is_told_as_change ? Notice::MODIFIED : Notice::RENAMED, kind, id});
     }
 }
 
@@ -296,7 +475,7 @@ void EmbeddedKernel::renumber(EntityKind kind, int id, int new_id)
     if (id == new_id) {
         return;
     }
-    if (new_id < 1 || state.contains(kind, new_id)) {
+    if (new_id < 1 || state.kind_of(id_range_of(kind), new_id)) {
         refuse(entity_text(kind, id) + " cannot be renumbered to " + std::to_string(new_id) +
                (new_id < 1 ? ", which is no id." : ", which is in use."));
     }
@@ -323,6 +502,7 @@ void EmbeddedKernel::remove(EntityKind kind, int id)
     EntitySet touched;
     const Topology::IdsByKind erased = state.erase(kind, id, touched);
 
+    announcer.tell_deselected(state.drop_unselected());
     announcer.tell({Notice::DELETED, kind, id});
     for (const EntityKind along : Topology::kinds_downwards) {
         for (const int erased_id : erased[static_cast<std::size_t>(along)]) {

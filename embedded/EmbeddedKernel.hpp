@@ -6,6 +6,7 @@
 #include <embedded/ModelData.hpp>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// A kernel in memory: holds a model that a program builds and changes through it, answers the
@@ -44,6 +45,9 @@ public:
     EmbeddedKernel(const EmbeddedKernel&) = delete;
     EmbeddedKernel& operator=(const EmbeddedKernel&) = delete;
     ~EmbeddedKernel();
+
+    /// Null if there is none.
+    static EmbeddedKernel* active();
 
     // Whole models. A model with a flaw (a reference to nothing or a repeated one, a group
     // that holds itself) is refused as a whole.
@@ -111,21 +115,78 @@ public:
     /// Sets how many elements of each kind the group holds, none below 0. Tells the group modified.
     void set_element_counts(int group, const ElementCounts& counts);
 
+    // Mesh controls.
+
+    /// Tell notify_sizing_source_created and notify_boundary_layer_created.
+    int create_sizing_source();
+    int create_boundary_layer();
+
+    // Simulation set-up. An entity of it is told by the notification of its kind with the action
+    // "create", "modify" or "delete": notify_exodus_entity_modified, notify_material_modified,
+    // notify_medium_modified, notify_fea_bc_modified, notify_constraint_modified for a constraint,
+    // and notify_bc_modified for the boundary conditions of fluids.
+
+    /// Makes a block, sideset or nodeset. Tells "create".
+    int create_set(EntityKind kind, const std::string& name = {}, bool is_lite = false);
+
+    /// Tells "modify".
+    void set_lite(EntityKind kind, int id, bool is_lite);
+
+    /// Tell "create".
+    int create_material(const std::string& name = {});
+    int create_medium(const std::string& name = {});
+
+    /// Makes a boundary condition on these sidesets and nodesets. Tells "create".
+    int create_condition(EntityKind kind, const std::vector<int>& sidesets = {},
+        const std::vector<int>& nodesets = {}, const std::string& name = {});
+
+    /// Puts these sidesets and nodesets in the place of those of the condition. Tells "modify".
+    void set_condition_sets(EntityKind kind, int id, const std::vector<int>& sidesets,
+        const std::vector<int>& nodesets);
+
+    /// Turns a material into a medium, or a boundary condition of fluids into another one, or
+    /// back: an entity into one of a kind that shares its range of ids. Tells "modify" of the new
+    /// kind.
+    void change_kind(EntityKind kind, int id, EntityKind new_kind);
+
+    // Selection. Entities of any kind, in the order of selecting. It begins anew with each opened,
+    // replaced or cleared model, of which observers hear no word of its own.
+
+    /// Adds to the selection, tells notify_entities_selected of those that were not in it.
+    void select(EntityKind kind, const std::vector<int>& ids);
+
+    /// Takes out of the selection, tells notify_entities_deselected of those that were in it, in
+    /// the order of selecting.
+    void deselect(EntityKind kind, const std::vector<int>& ids);
+    void select_none();
+
+    /// Runs a command line as silent_cmd does, and gives false if it is none or names an entity
+    /// that is not there; then nothing has changed. The lines are "select none", "select " with
+    /// words and ids behind each ("select body 1 2 contact pair 3 "), and the same with "remove" at
+    /// the end. "cfd_bc" stands for all boundary conditions of fluids, "material" also for a
+    /// medium.
+    bool run_command(std::string_view line);
+
     // Any entity.
 
-    /// Gives it a name, UTF-8, empty for none. Tells notify_entity_name_changed.
+    /// Gives it a name, UTF-8, empty for none. Tells notify_entity_name_changed; of an entity of
+    /// the simulation set-up "modify".
     void rename(EntityKind kind, int id, const std::string& name);
 
     /// Gives it an id above 0 that is not in use. Tells notify_entity_id_changed.
     void renumber(EntityKind kind, int id, int new_id);
 
-    /// Shows or hides it. Tells notify_entity_visibility_changed.
+    /// Shows or hides it. Tells notify_entity_visibility_changed; of a block, sideset or nodeset
+    /// notify_exodus_visibility_changed.
     void set_visible(EntityKind kind, int id, bool is_visible);
 
     /// Deletes it. With a geometric entity goes whatever hangs beneath it and under nothing else.
-    /// The members of a group stay. Tells notify_..._deleted of it; notify_..._removed of what went
-    /// along, from the highest kind to the vertices; then its parents, and whatever no longer holds
-    /// something virtual, modified; then the groups that lost a member modified.
+    /// The members of a group stay. Tells in this order
+    /// - notify_entities_deselected of what was selected of all that,
+    /// - notify_..._deleted of the entity, or "delete",
+    /// - notify_..._removed of what went along, from the highest kind to the vertices,
+    /// - its parents, and whatever no longer holds something virtual, modified,
+    /// - the groups that lost a member modified, and the conditions that lost a set.
     void remove(EntityKind kind, int id);
 
 private:

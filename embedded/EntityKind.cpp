@@ -1,14 +1,21 @@
-#include <algorithm>
-#include <array>
 #include <embedded/EntityKind.hpp>
+
+#include <algorithm>
+#include <embedded/EntityFamily.hpp>
 
 namespace {
 
 // Indexed by EntityKind.
-const std::array<std::string, 6>& words()
+const std::array<std::string, entity_kind_count>& words()
 {
-    static const std::array<std::string, 6> words{
-        "vertex", "curve", "surface", "volume", "body", "group"};
+    static const std::array<std::string, entity_kind_count> words{"vertex", "curve", "surface",
+        "volume", "body", "group", "sizing_source", "boundary_layer", "block", "sideset", "nodeset",
+        "material", "media", "force", "acceleration", "velocity", "pressure", "temperature",
+        "displacement", "constraint", "convection", "heatflux", "contact region", "contact pair",
+        "axis", "exhaustfan", "fan", "inletvent", "intakefan", "interface", "interior",
+        "massflowinlet", "outflow", "outletvent", "periodic", "periodicshadow", "porousjump",
+        "pressurefarfield", "pressureinlet", "pressureoutlet", "radiator", "supersonicinflow",
+        "supersonicoutflow", "symmetry", "velocityinlet", "wall"};
     return words;
 }
 
@@ -16,7 +23,9 @@ const std::array<std::string, 6>& words()
 
 const std::string& entity_word(EntityKind kind)
 {
-    return words().at(static_cast<std::size_t>(kind));
+    static const std::string no_word;
+    const auto index = static_cast<std::size_t>(kind);
+    return index < words().size() ? words()[index] : no_word;
 }
 
 std::optional<EntityKind> entity_kind(std::string_view word)

@@ -7,4 +7,6 @@ struct EntityRow
 {
     std::string name;
     bool visible = true;
+    /// Whether it stands in the selection.
+    bool selected = false;
 };

@@ -22,7 +22,7 @@ public:
     /// Null if there is none.
     const Row* find(int id) const
     {
-        const auto page = m_pages.find(id / page_size);
+        const auto page = id > 0 ? m_pages.find(id / page_size) : m_pages.end();
         if (page == m_pages.end()) {
             return nullptr;
         }
@@ -39,7 +39,7 @@ public:
         }
         const auto& [number, page] = *m_pages.rbegin();
         const auto last = std::find_if(page.rbegin(), page.rend(), is_used);
-        return number * page_size + static_cast<int>(page.rend() - last) - 1;
+        return number * page_size + static_cast<int>(page.rend() - last - 1);
     }
 
     /// All ids, ascending.

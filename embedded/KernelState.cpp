@@ -1,19 +1,17 @@
 #include <embedded/KernelState.hpp>
 
+#include <algorithm>
 #include <utility>
-
-namespace {
-
-const KernelState* active_state = nullptr;
-
-} // namespace
 
 const EntityRow* KernelState::find(EntityKind kind, int id) const
 {
-    if (Topology::is_geometry(kind)) {
+    if (geometry_family.has(kind)) {
         return geometry.rows(kind).find(id);
     }
-    return groups.rows().find(id);
+    if (setup_family.has(kind)) {
+        return setup.rows(kind).find(id);
+    }
+    return kind == EntityKind::GROUP ? groups.rows().find(id) : nullptr;
 }
 
 EntityRow* KernelState::find(EntityKind kind, int id)
@@ -21,19 +19,45 @@ EntityRow* KernelState::find(EntityKind kind, int id)
     return const_cast<EntityRow*>(std::as_const(*this).find(kind, id));
 }
 
+std::optional<EntityKind> KernelState::kind_of(const EntityFamily& family, int id) const
+{
+    for (EntityKind kind = family.first; kind <= family.last; kind = next(kind)) {
+        if (contains(kind, id)) {
+            return kind;
+        }
+    }
+    return std::nullopt;
+}
+
 int KernelState::highest_id(EntityKind kind) const
 {
-    return Topology::is_geometry(kind) ? geometry.rows(kind).highest() : groups.rows().highest();
+    const EntityFamily range = id_range_of(kind);
+    int highest = 0;
+    for (EntityKind one = range.first; one <= range.last; one = next(one)) {
+        highest = std::max(highest, highest_id_of(one));
+    }
+    return highest;
+}
+
+int KernelState::highest_id_of(EntityKind kind) const
+{
+    if (geometry_family.has(kind)) {
+        return geometry.rows(kind).highest();
+    }
+    return setup_family.has(kind) ? setup.rows(kind).highest() : groups.rows().highest();
 }
 
 std::vector<int> KernelState::ids(EntityKind kind) const
 {
-    return Topology::is_geometry(kind) ? geometry.rows(kind).ids() : groups.rows().ids();
+    if (geometry_family.has(kind)) {
+        return geometry.rows(kind).ids();
+    }
+    return setup_family.has(kind) ? setup.rows(kind).ids() : groups.rows().ids();
 }
 
 std::array<int, 6> KernelState::append(const ModelData& model)
 {
-    std::array<int, 6> offsets;
+    std::array<int, 6> offsets{};
     for (std::size_t kind = 0; kind < offsets.size(); ++kind) {
         offsets[kind] = highest_id(static_cast<EntityKind>(kind));
     }
@@ -44,54 +68,108 @@ std::array<int, 6> KernelState::append(const ModelData& model)
 
 void KernelState::renumber(EntityKind kind, int id, int new_id)
 {
-    if (Topology::is_geometry(kind)) {
+    replace_selected({kind, id}, {kind, new_id});
+    if (geometry_family.has(kind)) {
         geometry.renumber(kind, id, new_id);
+    } else if (setup_family.has(kind)) {
+        setup.rows(kind).renumber(id, new_id);
+        setup.renumber_set(kind, id, new_id);
     } else {
         groups.renumber(id, new_id);
     }
-    groups.renumber_member(kind, id, new_id);
+    if (member_family.has(kind)) {
+        groups.renumber_member(kind, id, new_id);
+    }
+}
+
+void KernelState::change_kind(EntityKind kind, int id, EntityKind new_kind)
+{
+    replace_selected({kind, id}, {new_kind, id});
+    setup.change_kind(kind, id, new_kind);
+}
+
+void KernelState::replace_selected(const Entity& entity, const Entity& new_entity)
+{
+    if (find(entity.first, entity.second)->selected) {
+        std::replace(selection.begin(), selection.end(), entity, new_entity);
+    }
 }
 
 Topology::IdsByKind KernelState::erase(EntityKind kind, int id, EntitySet& touched)
 {
-    const auto forget = [&](EntityKind erased_kind, const std::vector<int>& ids) {
-        for (const int group : groups.forget(erased_kind, ids)) {
+    Topology::IdsByKind erased;
+    if (geometry_family.has(kind)) {
+        erased = geometry.erase(kind, id, touched);
+    } else if (setup_family.has(kind)) {
+        touched = setup.conditions_on(kind, id);
+        setup.forget_set(kind, id);
+        setup.rows(kind).erase(id);
+    } else {
+        groups.erase(id);
+    }
+
+    const auto leave_groups = [&](EntityKind member_kind, const std::vector<int>& members) {
+        for (const int group : groups.forget(member_kind, members)) {
             touched.emplace(EntityKind::GROUP, group);
         }
     };
-    Topology::IdsByKind erased;
-    if (Topology::is_geometry(kind)) {
-        erased = geometry.erase(kind, id, touched);
-        for (const EntityKind erased_kind : Topology::kinds_downwards) {
-            forget(erased_kind, erased[static_cast<std::size_t>(erased_kind)]);
-        }
-    } else {
-        groups.erase(id);
-        forget(kind, {id});
+    for (const EntityKind erased_kind : Topology::kinds_downwards) {
+        leave_groups(erased_kind, erased[static_cast<std::size_t>(erased_kind)]);
+    }
+    if (kind == EntityKind::GROUP) {
+        leave_groups(kind, {id});
     }
     return erased;
 }
 
 EntitySet KernelState::owners(EntityKind kind, int id) const
 {
-    EntitySet owners;
-    if (Topology::is_geometry(kind) && contains(kind, id)) {
+    if (!contains(kind, id)) {
+        return {};
+    }
+    EntitySet owners = setup.conditions_on(kind, id);
+    if (geometry_family.has(kind)) {
         for (const int parent : geometry.row(kind, id).parents) {
             owners.emplace(Topology::above(kind), parent);
         }
     }
-    for (const int group : groups.holders(kind, id)) {
-        owners.emplace(EntityKind::GROUP, group);
+    if (member_family.has(kind)) {
+        for (const int group : groups.holders(kind, id)) {
+            owners.emplace(EntityKind::GROUP, group);
+        }
     }
     return owners;
 }
 
-const KernelState* KernelState::active()
+std::vector<Entity> KernelState::select(const std::vector<Entity>& entities)
 {
-    return active_state;
+    std::vector<Entity> selected;
+    for (const Entity& entity : entities) {
+        if (!std::exchange(find(entity.first, entity.second)->selected, true)) {
+            selected.push_back(entity);
+        }
+    }
+    selection.insert(selection.end(), selected.begin(), selected.end());
+    return selected;
 }
 
-void KernelState::set_active(const KernelState* state)
+std::vector<Entity> KernelState::deselect(const std::vector<Entity>& entities)
 {
-    active_state = state;
+    for (const auto& [kind, id] : entities) {
+        find(kind, id)->selected = false;
+    }
+    return drop_unselected();
+}
+
+std::vector<Entity> KernelState::drop_unselected()
+{
+    const auto is_selected = [this](const Entity& entity) {
+        const EntityRow* const row = find(entity.first, entity.second);
+        return row != nullptr && row->selected;
+    };
+    const auto first_dropped =
+        std::stable_partition(selection.begin(), selection.end(), is_selected);
+    std::vector<Entity> dropped(first_dropped, selection.end());
+    selection.erase(first_dropped, selection.end());
+    return dropped;
 }

@@ -1,13 +1,19 @@
 #pragma once
 
 #include <embedded/GroupStore.hpp>
+#include <embedded/SetupStore.hpp>
 #include <embedded/Topology.hpp>
+#include <optional>
+#include <vector>
 
 /// All that one kernel holds.
 struct KernelState
 {
     Topology geometry;
     GroupStore groups;
+    SetupStore setup;
+    /// In the order of selecting.
+    std::vector<Entity> selection;
 
     /// Null if there is none.
     const EntityRow* find(EntityKind kind, int id) const;
@@ -15,7 +21,10 @@ struct KernelState
 
     bool contains(EntityKind kind, int id) const { return find(kind, id) != nullptr; }
 
-    /// The highest id in use, 0 if there is none.
+    /// The kind among those of the family that has the entity of this id.
+    std::optional<EntityKind> kind_of(const EntityFamily& family, int id) const;
+
+    /// The highest id in use among the kinds that share their ids, 0 if there is none.
     int highest_id(EntityKind kind) const;
 
     /// Ascending.
@@ -27,14 +36,31 @@ struct KernelState
 
     void renumber(EntityKind kind, int id, int new_id);
 
+    /// To another kind that shares the range of ids.
+    void change_kind(EntityKind kind, int id, EntityKind new_kind);
+
     /// Takes an entity out. Gives back all the geometry that went, see Topology::erase(). Touches
-    /// also the groups that lost a member.
+    /// also the groups that lost a member and the conditions that lost a set.
     Topology::IdsByKind erase(EntityKind kind, int id, EntitySet& touched);
 
-    /// The parents of an entity and the groups that hold it. Empty for an unknown one.
+    /// The parents of an entity, the groups that hold it, the conditions that apply to it. Empty
+    /// for an unknown one.
     EntitySet owners(EntityKind kind, int id) const;
 
-    /// The state that the functions of the boundary answer for, null if there is none.
-    static const KernelState* active();
-    static void set_active(const KernelState* state);
+    /// Gives back the entities that were not selected before.
+    std::vector<Entity> select(const std::vector<Entity>& entities);
+
+    /// Gives back the entities that were selected.
+    std::vector<Entity> deselect(const std::vector<Entity>& entities);
+
+    /// Strikes from the selection what is no longer selected or gone, and gives it back.
+    std::vector<Entity> drop_unselected();
+
+private:
+    int highest_id_of(EntityKind kind) const;
+    void replace_selected(const Entity& entity, const Entity& new_entity);
 };
+
+/// The state of the active kernel, for which the functions of the boundary answer. Null if there is
+/// none.
+const KernelState* active_state();

@@ -12,13 +12,15 @@ void refuse(const std::string& sentence)
 
 std::string entity_text(EntityKind kind, int id)
 {
-    return entity_word(kind) + " " + std::to_string(id);
+    const std::string& word = entity_word(kind);
+    return word.empty() ? "entity " + std::to_string(id) + " of an unknown kind"
+                        : word + " " + std::to_string(id);
 }
 
-void require_geometry(EntityKind kind)
+void require_family(const EntityFamily& family, EntityKind kind, const char* what)
 {
-    if (!Topology::is_geometry(kind)) {
-        refuse("A " + entity_word(kind) + " is no geometry.");
+    if (!family.has(kind)) {
+        refuse("A " + entity_word(kind) + " is " + what + ".");
     }
 }
 

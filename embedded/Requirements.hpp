@@ -1,6 +1,6 @@
 #pragma once
 
-#include <embedded/EntityKind.hpp>
+#include <embedded/EntityFamily.hpp>
 #include <string>
 #include <vector>
 
@@ -14,7 +14,8 @@ struct KernelState;
 /// "surface 7".
 std::string entity_text(EntityKind kind, int id);
 
-void require_geometry(EntityKind kind);
+/// That the kind is one of the family, of which `what` is the name: "no geometry".
+void require_family(const EntityFamily& family, EntityKind kind, const char* what);
 void require_entity(const KernelState& state, EntityKind kind, int id);
 
 /// Each of the ids in use, and none named twice.

@@ -203,18 +203,23 @@ void Topology::append(const ModelData& model, const std::array<int, 6>& offsets)
 {
     std::array<std::span<GeometryRow>, 5> added;
 
-    // From the lowest level up: what a row holds is complete when its parents come.
-    const auto append_level = [&](EntityKind kind, const auto& entities) {
+    const auto add_rows = [&](EntityKind kind, const auto& entities) {
         const auto here = static_cast<std::size_t>(kind);
         added[here] = level(kind).rows.insert_range(offsets[here] + 1, entities.size());
         for (std::size_t i = 0; i < entities.size(); ++i) {
-            const ModelData::Entity& entity = entities[i];
+            added[here][i].name = entities[i].name;
+            added[here][i].visible = entities[i].visible;
+            added[here][i].is_virtual = entities[i].is_virtual;
+        }
+    };
+    // From the lowest level up, so that what a row holds is complete when its parents come.
+    const auto add_level = [&](EntityKind kind, const auto& entities) {
+        add_rows(kind, entities);
+        const auto here = static_cast<std::size_t>(kind);
+        for (std::size_t i = 0; i < entities.size(); ++i) {
             GeometryRow& row = added[here][i];
-            row.name = entity.name;
-            row.visible = entity.visible;
-            row.is_virtual = entity.is_virtual;
-            row.children.reserve(entity.children.size());
-            for (const int child : entity.children) {
+            row.children.reserve(entities[i].children.size());
+            for (const int child : entities[i].children) {
                 GeometryRow& child_row = added[here - 1][static_cast<std::size_t>(child - 1)];
                 row.children.append(offsets[here - 1] + child);
                 row.virtual_children += holds_virtual(child_row) ? 1 : 0;
@@ -222,11 +227,11 @@ void Topology::append(const ModelData& model, const std::array<int, 6>& offsets)
             }
         }
     };
-    append_level(EntityKind::VERTEX, model.vertices);
-    append_level(EntityKind::CURVE, model.curves);
-    append_level(EntityKind::SURFACE, model.surfaces);
-    append_level(EntityKind::VOLUME, model.volumes);
-    append_level(EntityKind::BODY, model.bodies);
+    add_rows(EntityKind::VERTEX, model.vertices);
+    add_level(EntityKind::CURVE, model.curves);
+    add_level(EntityKind::SURFACE, model.surfaces);
+    add_level(EntityKind::VOLUME, model.volumes);
+    add_level(EntityKind::BODY, model.bodies);
 
     const auto volumes = added[static_cast<std::size_t>(EntityKind::VOLUME)];
     for (std::size_t i = 0; i < volumes.size(); ++i) {

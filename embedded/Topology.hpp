@@ -1,7 +1,7 @@
 #pragma once
 
 #include <array>
-#include <embedded/EntityKind.hpp>
+#include <embedded/EntityFamily.hpp>
 #include <embedded/EntityRow.hpp>
 #include <embedded/EntitySet.hpp>
 #include <embedded/IdList.hpp>
@@ -35,7 +35,6 @@ public:
     static constexpr std::array kinds_downwards{EntityKind::BODY, EntityKind::VOLUME,
         EntityKind::SURFACE, EntityKind::CURVE, EntityKind::VERTEX};
 
-    static bool is_geometry(EntityKind kind) { return kind <= EntityKind::BODY; }
     static EntityKind below(EntityKind kind);
     static EntityKind above(EntityKind kind);
 

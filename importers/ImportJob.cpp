@@ -12,7 +12,8 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds default_silence_limit = std::chrono::minutes(1);
+// While they parse, the readers give no sign of life, so that a large file may take long.
+constexpr qint64 parsed_bytes_per_millisecond = 5000;
 
 // Indexed by ImportStage.
 constexpr std::array stage_texts{
@@ -46,7 +47,7 @@ constexpr std::array content_rules{
     ContentRule{cad_helper, nullptr},
 };
 
-// Ends without the wait and the message that QProcess has for a program still running.
+// Ends its program without the warning that QProcess prints in that case.
 class HelperProcess : public QProcess
 {
 public:
@@ -73,7 +74,6 @@ ImportJob::ImportJob(QObject* parent)
     m_launch_timer.setSingleShot(true);
     connect(&m_launch_timer, &QTimer::timeout, this, &ImportJob::launch);
     m_silence_timer.setSingleShot(true);
-    m_silence_timer.setInterval(default_silence_limit);
     connect(&m_silence_timer, &QTimer::timeout, this, &ImportJob::handle_silence);
 }
 
@@ -89,7 +89,7 @@ void ImportJob::set_helper_folder(const QString& folder)
 
 void ImportJob::set_silence_limit(std::chrono::milliseconds limit)
 {
-    m_silence_timer.setInterval(limit);
+    m_silence_limit = limit;
 }
 
 void ImportJob::start(const QString& file)
@@ -144,8 +144,10 @@ void ImportJob::launch()
                      .arg(m_process->program(), m_process->errorString()));
         }
     });
-    m_silence_timer.start();
-    m_process->start(helper, {QFileInfo(m_file).absoluteFilePath()});
+    const QFileInfo file(m_file);
+    m_silence_timer.start(
+        m_silence_limit + std::chrono::milliseconds(file.size() / parsed_bytes_per_millisecond));
+    m_process->start(helper, {file.absoluteFilePath()});
 }
 
 void ImportJob::read_frames()

@@ -36,7 +36,7 @@ public:
     void set_helper_folder(const QString& folder);
 
     /// How long the helper program may be silent before it is taken for hung and
-    /// ended. One minute by default.
+    /// ended. One minute by default; a large file adds a second for every 5 MB.
     void set_silence_limit(std::chrono::milliseconds limit);
 
     /// Begins to read the file and returns at once; no signal is emitted meanwhile.
@@ -88,6 +88,7 @@ private:
     QString m_helper_folder;
     QString m_file;
     QString m_error_text;
+    std::chrono::milliseconds m_silence_limit = std::chrono::minutes(1);
     QTimer m_launch_timer;
     QTimer m_silence_timer;
     QProcess* m_process = nullptr;

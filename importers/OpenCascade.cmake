@@ -5,6 +5,9 @@ mark_as_advanced(OpenCASCADE_INCLUDE_DIR)
 
 add_library(treemodel_opencascade INTERFACE)
 set(missing_parts "")
+if(NOT OpenCASCADE_INCLUDE_DIR)
+  list(APPEND missing_parts "headers")
+endif()
 foreach(library IN ITEMS
     TKXDESTEP TKXDEIGES TKXCAF TKSTEP TKSTEPBase TKIGES TKXSBase TKLCAF TKCDF
     TKBO TKPrim TKTopAlgo TKGeomBase TKBRep TKG3d TKMath TKernel)
@@ -17,9 +20,10 @@ foreach(library IN ITEMS
   endif()
 endforeach()
 
-if(NOT OpenCASCADE_INCLUDE_DIR OR missing_parts)
+if(missing_parts)
+  list(JOIN missing_parts ", " missing_parts)
   message(FATAL_ERROR
-    "The CAD importer needs OpenCASCADE 7.6 or later (missing: headers or ${missing_parts}). "
+    "The CAD importer needs OpenCASCADE 7.6 or later (missing: ${missing_parts}). "
     "On Debian install libocct-data-exchange-dev and libocct-ocaf-dev, "
     "or configure with -DTREEMODEL_BUILD_IMPORTERS=OFF.")
 endif()

@@ -2,6 +2,11 @@
 
 // All public headers of the library.
 
+#include <treemodel/entity/EntityItem.hpp>
+#include <treemodel/entity/EntityItemList.hpp>
+#include <treemodel/entity/EntityModel.hpp>
+#include <treemodel/entity/EntityTypeRange.hpp>
+#include <treemodel/entity/KestoSelection.hpp>
 #include <treemodel/kernel/KestoInterface.hpp>
 #include <treemodel/kernel/TreeModel.hpp>
 #include <treemodel/models/TreeGeomModel.hpp>

@@ -33,17 +33,25 @@ void read_records(Reader& reader, const std::filesystem::path& file, FrameChanne
     }
 }
 
-[[noreturn]] void throw_damaged(const std::string& place, const Interface_Check& check)
+// The text of a check without what the library puts around it.
+std::string trouble_in(const Interface_Check& check)
 {
     static constexpr std::string_view parser_prefix = "Undefined Parsing: ";
     std::string_view trouble = check.CFail(1);
     if (trouble.starts_with(parser_prefix)) {
         trouble.remove_prefix(parser_prefix.size());
     }
-    throw ImportError("it is damaged: " + place + std::string(trouble));
+    trouble = trouble.substr(0, trouble.find_last_not_of(" .\n") + 1);
+    return std::string(trouble.starts_with("Unknown message") ? "a value is wrong" : trouble);
 }
 
-// A record that did not load well makes the transfer crash.
+bool is_about_looks(const Standard_Transient& record)
+{
+    return std::string_view(record.DynamicType()->Name()).starts_with("StepVisual_");
+}
+
+// A record that did not load well makes the transfer crash, unless it is one that is
+// not looked at.
 void check_records(const XSControl_Reader& reader, FrameChannel& channel)
 {
     channel.send_progress(ImportStage::Check);
@@ -52,13 +60,25 @@ void check_records(const XSControl_Reader& reader, FrameChannel& channel)
         throw ImportError("it holds no geometry");
     }
     if (const auto check = model->GlobalCheck(); check->HasFailed()) {
-        throw_damaged({}, *check);
+        throw ImportError("it is damaged: " + trouble_in(*check));
     }
+    int damaged_looks = 0;
     for (int i = 1; i <= model->NbEntities(); ++i) {
-        if (const auto check = model->Check(i, true); check->HasFailed()) {
-            const auto label = model->StringLabel(model->Value(i));
-            throw_damaged(std::string("entity ") + label->ToCString() + ": ", *check);
+        const auto check = model->Check(i, true);
+        if (!check->HasFailed()) {
+            continue;
         }
+        const auto record = model->Value(i);
+        if (!is_about_looks(*record)) {
+            throw ImportError(std::string("it is damaged: entity ") +
+                              model->StringLabel(record)->ToCString() + ": " + trouble_in(*check));
+        }
+        ++damaged_looks;
+    }
+    if (damaged_looks > 0) {
+        channel.send_text(
+            FrameKind::Warning, "Damaged records about colours or views were ignored: " +
+                                    std::to_string(damaged_looks) + '.');
     }
 }
 

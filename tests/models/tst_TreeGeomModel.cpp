@@ -1,6 +1,7 @@
 #include <climits>
 #include <memory>
 #include <QTest>
+#include <set>
 #include <stdexcept>
 #include <support/EventLog.hpp>
 #include <support/GeometryText.hpp>

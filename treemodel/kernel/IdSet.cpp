@@ -1,19 +1,18 @@
 #include <treemodel/kernel/IdSet.hpp>
 
 #include <algorithm>
-#include <utility>
 
 IdSet::IdSet(const std::vector<int>& ids)
 {
     m_entries.reserve(qsizetype(ids.size()));
     for (const int id : ids) {
-        m_entries.append({id});
+        add(id);
     }
-    sort();
 }
 
 bool IdSet::take(int id)
 {
+    sort();
     qsizetype place = m_next;
     if (place >= m_entries.size() || m_entries[place].id != id) {
         const auto found = std::lower_bound(m_entries.begin(), m_entries.end(), id,
@@ -24,12 +23,21 @@ bool IdSet::take(int id)
         place = found - m_entries.begin();
     }
     m_next = place + 1;
-    return !std::exchange(m_entries[place].is_taken, true);
+    if (m_entries[place].is_taken) {
+        return false;
+    }
+    m_entries[place].is_taken = true;
+    ++m_taken;
+    return true;
 }
 
-std::vector<int> IdSet::rest() const
+std::vector<int> IdSet::rest()
 {
+    sort();
     std::vector<int> result;
+    if (m_taken == m_entries.size()) {
+        return result;
+    }
     for (const Entry& entry : m_entries) {
         if (!entry.is_taken) {
             result.push_back(entry.id);
@@ -40,10 +48,12 @@ std::vector<int> IdSet::rest() const
 
 void IdSet::sort()
 {
-    const auto by_id = [](const Entry& left, const Entry& right) { return left.id < right.id; };
-    if (!std::is_sorted(m_entries.begin(), m_entries.end(), by_id)) {
-        std::sort(m_entries.begin(), m_entries.end(), by_id);
+    if (m_is_sorted) {
+        return;
     }
+    m_is_sorted = true;
+    std::sort(m_entries.begin(), m_entries.end(),
+        [](const Entry& left, const Entry& right) { return left.id < right.id; });
     const auto same_id = [](const Entry& left, const Entry& right) { return left.id == right.id; };
     m_entries.erase(std::unique(m_entries.begin(), m_entries.end(), same_id), m_entries.end());
 }

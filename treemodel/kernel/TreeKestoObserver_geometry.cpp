@@ -9,6 +9,8 @@
 #include <treemodel/treedata/TreeBodyData.hpp>
 
 #include <algorithm>
+#include <array>
+#include <QVarLengthArray>
 
 using GeometryType = TreeGeometryData::GeometryType;
 
@@ -18,6 +20,19 @@ namespace {
 GeometryType child_type(GeometryType type)
 {
     return type == TreeGeometryData::VERTEX ? type : static_cast<GeometryType>(type - 1);
+}
+
+// The kernel's word for the kind, formed once.
+const std::string& word_of(GeometryType type)
+{
+    static const std::array words{
+        TreeGeometryData::type_to_string(TreeGeometryData::VERTEX),
+        TreeGeometryData::type_to_string(TreeGeometryData::CURVE),
+        TreeGeometryData::type_to_string(TreeGeometryData::SURFACE),
+        TreeGeometryData::type_to_string(TreeGeometryData::VOLUME),
+        TreeGeometryData::type_to_string(TreeGeometryData::BODY),
+    };
+    return words[type];
 }
 
 // Asks the kernel and writes its answer, unless the record has gone before or goes meanwhile.
@@ -139,8 +154,7 @@ void TreeKestoObserver::notify_free_entities_changed()
             return !m_geom_model->find_geometry_parents(record).empty();
         });
         IdSet lost(parentless);
-        const std::string word = TreeGeometryData::type_to_string(type);
-        for (const int id : KestoInterface::get_list_of_free_ref_entities(word)) {
+        for (const int id : KestoInterface::get_list_of_free_ref_entities(word_of(type))) {
             lost.take(id);
         }
         for (const int id : lost.rest()) {
@@ -184,7 +198,7 @@ void TreeKestoObserver::add_and_read(GeometryType type, int id)
 void TreeKestoObserver::refresh_geometry_of(GeometryType type)
 {
     IdSet unconfirmed(m_geom_model->geometry_data(type));
-    for (const int id : KestoInterface::get_entities(TreeGeometryData::type_to_string(type))) {
+    for (const int id : KestoInterface::get_entities(word_of(type))) {
         unconfirmed.take(id);
         add_and_read(type, id);
     }
@@ -211,7 +225,7 @@ void TreeKestoObserver::read_body(GeometryHold& hold)
 
 void TreeKestoObserver::read_attributes(GeometryHold& hold)
 {
-    const std::string word = TreeGeometryData::type_to_string(hold.type());
+    const std::string& word = word_of(hold.type());
     const auto virtual_query = hold.type() == TreeGeometryData::VOLUME
                                    ? KestoInterface::contains_virtual
                                    : KestoInterface::is_virtual;
@@ -231,18 +245,21 @@ void TreeKestoObserver::read_attributes(GeometryHold& hold)
 std::vector<GeometryHold> TreeKestoObserver::reconcile_children(GeometryHold& hold)
 {
     const GeometryType type = child_type(hold.type());
-    IdSet unconfirmed(m_geom_model->find_geometry_children(hold.get()));
-    std::vector<int> new_ids;
-    for (const int id : KestoInterface::get_relatives(TreeGeometryData::type_to_string(hold.type()),
-             hold.id(), TreeGeometryData::type_to_string(type))) {
+    IdSet unconfirmed;
+    m_geom_model->visit_geometry_children(
+        hold.get(), [&unconfirmed](TreeGeometryData* child) { unconfirmed.add(child->id()); });
+    QVarLengthArray<int, 32> new_ids;
+    for (const int id :
+        KestoInterface::get_relatives(word_of(hold.type()), hold.id(), word_of(type))) {
         if (!unconfirmed.take(id)) {
-            new_ids.push_back(id);
+            new_ids.append(id);
         }
     }
     std::sort(new_ids.begin(), new_ids.end());
     new_ids.erase(std::unique(new_ids.begin(), new_ids.end()), new_ids.end());
 
     std::vector<GeometryHold> gained;
+    gained.reserve(std::size_t(new_ids.size()));
     for (const int id : new_ids) {
         if (!hold.get()) {
             break;

@@ -1,7 +1,7 @@
 #pragma once
 
+#include <treemodel/models/ChunkedMap.hpp>
 #include <treemodel/models/PointerSet.hpp>
-#include <unordered_map>
 #include <vector>
 
 /// One side of the links between records: for each record the ordered set of those
@@ -11,13 +11,13 @@ class LinkMap
 {
 public:
     /// False if the link is there.
-    bool insert(From* from, To* to) { return m_sets[from].insert(to); }
+    bool insert(From* from, To* to) { return m_sets.insert(from).first->insert(to); }
 
     /// False if there is no such link.
     bool erase(From* from, To* to)
     {
-        const auto entry = m_sets.find(from);
-        return entry != m_sets.end() && entry->second.erase(to);
+        PointerSet<To>* set = m_sets.find(from);
+        return set && set->erase(to);
     }
 
     /// Forgets all links of a record.
@@ -28,10 +28,19 @@ public:
     /// What a record is linked to, in the order of addresses.
     std::vector<To*> find(From* from) const
     {
-        const auto entry = m_sets.find(from);
-        return entry == m_sets.end() ? std::vector<To*>() : entry->second.to_vector();
+        const PointerSet<To>* set = m_sets.find(from);
+        return set ? set->to_vector() : std::vector<To*>();
+    }
+
+    /// Calls `visit(to)` for each, in the same order.
+    template <typename Visit>
+    void visit(From* from, Visit visit) const
+    {
+        if (const PointerSet<To>* set = m_sets.find(from)) {
+            set->for_each(visit);
+        }
     }
 
 private:
-    std::unordered_map<From*, PointerSet<To>> m_sets;
+    ChunkedMap<From*, PointerSet<To>> m_sets;
 };

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <memory>
-#include <treemodel/models/RecordMaps.hpp>
 #include <treemodel/treedata/RecordDeaths.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 #include <utility>
@@ -34,15 +33,14 @@ TreeGeometryData* TreeGeomModel::add_geometry(
         return nullptr;
     }
     const quint64 deaths = RecordDeaths::count();
-    const auto place = records->lower_bound(id);
-    TreeGeometryData* record = nullptr;
-    if (place != records->end() && place->first == id) {
-        record = place->second;
+    TreeGeometryData* record = records->value(id);
+    if (record) {
         associate_geometry(parent, record);
     } else {
         auto created = new_record(type, id);
-        records->emplace_hint(place, id, created.get());
-        record = created.release();
+        record = created.get();
+        records->insert(id, record);
+        created.release();
         do_association(parent, record);
         Q_EMIT geometry_added(record, parent);
     }
@@ -56,7 +54,7 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
     if (!records) {
         return;
     }
-    if (const auto record = take_record(*records, id)) {
+    if (const auto record = std::unique_ptr<TreeGeometryData>(records->take(id))) {
         clear_associations(record.get());
         Q_EMIT geometry_removed(record.get());
     }
@@ -65,29 +63,25 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
 void TreeGeomModel::change_geometry_id(TreeGeometryData::GeometryType type, int old_id, int new_id)
 {
     RecordMap* records = map_of(type);
-    if (!records || records->contains(new_id)) {
+    if (!records || records->find(new_id)) {
         return;
     }
-    auto node = records->extract(old_id);
-    if (node.empty()) {
-        return;
+    if (TreeGeometryData* record = records->take(old_id)) {
+        records->insert(new_id, record);
+        record->set_id(new_id);
     }
-    TreeGeometryData* record = node.mapped();
-    node.key() = new_id;
-    records->insert(std::move(node));
-    record->set_id(new_id);
 }
 
 TreeGeometryData* TreeGeomModel::find_geometry(TreeGeometryData::GeometryType type, int id)
 {
     const RecordMap* records = map_of(type);
-    return records ? find_record(*records, id) : nullptr;
+    return records ? records->value(id) : nullptr;
 }
 
 std::vector<TreeGeometryData*> TreeGeomModel::geometry_data(TreeGeometryData::GeometryType type)
 {
     const RecordMap* records = map_of(type);
-    return records ? all_records(*records) : std::vector<TreeGeometryData*>();
+    return records ? records->values() : std::vector<TreeGeometryData*>();
 }
 
 void TreeGeomModel::associate_geometry(TreeGeometryData* parent, TreeGeometryData* child)
@@ -121,7 +115,9 @@ void TreeGeomModel::clear()
     m_parents_map.clear();
     for (RecordMap* records :
         {&m_body_map, &m_volume_map, &m_surface_map, &m_curve_map, &m_vertex_map}) {
-        delete_records(*records);
+        for (TreeGeometryData* record : std::exchange(*records, {}).values()) {
+            delete record;
+        }
     }
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <map>
 #include <QObject>
+#include <treemodel/models/ChunkedMap.hpp>
 #include <treemodel/models/LinkMap.hpp>
 #include <treemodel/treedata/TreeGeometryData.hpp>
 #include <treemodel/treemodel_export.hpp>
@@ -53,6 +53,14 @@ public:
     std::vector<TreeGeometryData*> find_geometry_children(TreeGeometryData* parent);
     std::vector<TreeGeometryData*> find_geometry_parents(TreeGeometryData* child);
 
+    /// Calls `visit(child)` for what find_geometry_children() gives back, without making
+    /// a list. `visit` must not call the model.
+    template <typename Visit>
+    void visit_geometry_children(TreeGeometryData* parent, Visit visit)
+    {
+        m_children_map.visit(parent, visit);
+    }
+
     /// Emits about_to_clear(), then drops all links and deletes all records, bodies
     /// first and vertices last, with no further signal of the model. A slot of a
     /// record's treedata_destroyed() must not call the model meanwhile.
@@ -72,7 +80,7 @@ Q_SIGNALS:
     void about_to_clear();
 
 private:
-    using RecordMap = std::map<int, TreeGeometryData*>;
+    using RecordMap = ChunkedMap<int, TreeGeometryData*>;
     using Links = LinkMap<TreeGeometryData, TreeGeometryData>;
 
     RecordMap* map_of(TreeGeometryData::GeometryType type);

@@ -1,5 +1,6 @@
 #include <treemodel/models/TreeGroupModel.hpp>
 
+#include <treemodel/models/DeathWatch.hpp>
 #include <treemodel/models/RecordMaps.hpp>
 
 namespace {
@@ -16,6 +17,13 @@ bool erase_link(LinkSets<From, To>& links, From* from, To* to)
         links.erase(entry);
     }
     return true;
+}
+
+const DeathWatch& death_watch()
+{
+    static const DeathWatch watch(
+        TreeGroupModel::staticMetaObject, "group_child_destroyed(TreeData*)");
+    return watch;
 }
 
 } // namespace
@@ -135,12 +143,10 @@ void TreeGroupModel::clear_associations(TreeGroupData* group)
 
 void TreeGroupModel::watch(TreeData* child)
 {
-    connect(
-        child, SIGNAL(treedata_destroyed(TreeData*)), this, SLOT(group_child_destroyed(TreeData*)));
+    death_watch().connect(child, this);
 }
 
 void TreeGroupModel::unwatch(TreeData* child)
 {
-    disconnect(
-        child, SIGNAL(treedata_destroyed(TreeData*)), this, SLOT(group_child_destroyed(TreeData*)));
+    death_watch().disconnect(child, this);
 }

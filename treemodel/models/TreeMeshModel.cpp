@@ -1,6 +1,18 @@
 #include <treemodel/models/TreeMeshModel.hpp>
 
+#include <treemodel/models/DeathWatch.hpp>
 #include <treemodel/models/RecordMaps.hpp>
+
+namespace {
+
+const DeathWatch& death_watch()
+{
+    static const DeathWatch watch(
+        TreeMeshModel::staticMetaObject, "mesh_data_owner_destroyed(TreeData*)");
+    return watch;
+}
+
+} // namespace
 
 TreeMeshModel::TreeMeshModel() = default;
 
@@ -180,8 +192,8 @@ void TreeMeshModel::announce_first_mesh_data(TreeMeshData* record, TreeData* own
     const auto guard = connect(
         owner, &QObject::destroyed, this, [this, owner] { mesh_data_owner_destroyed(owner); });
     Q_EMIT mesh_data_added(record, owner);
-    const bool owner_lives = disconnect(guard);
-    if (owner_lives && mesh_data_of(owner)) {
+    disconnect(guard);
+    if (mesh_data_of(owner)) {
         watch(owner);
     }
 }
@@ -197,12 +209,10 @@ void TreeMeshModel::drop_empty_entry(TreeData* owner)
 
 void TreeMeshModel::watch(TreeData* owner)
 {
-    connect(owner, SIGNAL(treedata_destroyed(TreeData*)), this,
-        SLOT(mesh_data_owner_destroyed(TreeData*)), Qt::UniqueConnection);
+    death_watch().connect(owner, this, Qt::UniqueConnection);
 }
 
 void TreeMeshModel::unwatch(TreeData* owner)
 {
-    disconnect(owner, SIGNAL(treedata_destroyed(TreeData*)), this,
-        SLOT(mesh_data_owner_destroyed(TreeData*)));
+    death_watch().disconnect(owner, this);
 }

@@ -6,10 +6,10 @@
 
 /// An observer that is registered from its construction on and writes down each notification that
 /// a kernel of the tests may send, as "surface_created 3".
-class EventLog : public KestoInterface::KIObserve
+class NotificationLog : public KestoInterface::KIObserve
 {
 public:
-    EventLog() { register_observer(); }
+    NotificationLog() { register_observer(); }
 
     /// Called with each entry after it was written, inside the notification.
     std::function<void(const QString&)> on_event;
@@ -56,6 +56,49 @@ public:
     void notify_group_modified(int id) override { write("group_modified", id); }
     void notify_group_deleted(int id) override { write("group_deleted", id); }
 
+    void notify_sizing_source_created(int id) override { write("sizing_source_created", id); }
+    void notify_sizing_source_deleted(int id) override { write("sizing_source_deleted", id); }
+    void notify_boundary_layer_created(int id) override { write("boundary_layer_created", id); }
+    void notify_boundary_layer_deleted(int id) override { write("boundary_layer_deleted", id); }
+
+    void notify_exodus_entity_modified(std::string type, int id, std::string action) override
+    {
+        write("exodus_entity_modified", type, id, action);
+    }
+    void notify_material_modified(int id, std::string action) override
+    {
+        write("material_modified", id, action);
+    }
+    void notify_medium_modified(int id, std::string action) override
+    {
+        write("medium_modified", id, action);
+    }
+    void notify_fea_bc_modified(std::string type, int id, std::string action) override
+    {
+        write("fea_bc_modified", type, id, action);
+    }
+    void notify_bc_modified(std::string type, int id, std::string action) override
+    {
+        write("bc_modified", type, id, action);
+    }
+    void notify_constraint_modified(int id, std::string action) override
+    {
+        write("constraint_modified", id, action);
+    }
+
+    void notify_entities_selected(const std::vector<KestoInterface::EntityRef>& refs) override
+    {
+        write("selected", refs);
+    }
+    void notify_entities_deselected(const std::vector<KestoInterface::EntityRef>& refs) override
+    {
+        write("deselected", refs);
+    }
+
+    void notify_exodus_visibility_changed(std::string type, int id) override
+    {
+        write("exodus_visibility_changed", type, id);
+    }
     void notify_entity_id_changed(std::string type, int old_id, int new_id) override
     {
         write("entity_id_changed", type, old_id, new_id);
@@ -72,6 +115,14 @@ public:
 private:
     static QString text(int number) { return QString::number(number); }
     static QString text(const std::string& word) { return QString::fromStdString(word); }
+    static QString text(const std::vector<KestoInterface::EntityRef>& refs)
+    {
+        QStringList words;
+        for (const KestoInterface::EntityRef& ref : refs) {
+            words << text(ref.type) << text(ref.id);
+        }
+        return words.join(u' ');
+    }
 
     template <typename... Arguments>
     void write(const char* event, const Arguments&... arguments)

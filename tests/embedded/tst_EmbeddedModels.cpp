@@ -1,4 +1,4 @@
-#include "EventLog.hpp"
+#include "NotificationLog.hpp"
 #include "TestModels.hpp"
 
 #include <embedded/EmbeddedKernel.hpp>
@@ -30,7 +30,7 @@ Ids first_ids(int count)
 
 } // namespace
 
-class EmbeddedModelsTest : public QObject
+class tst_EmbeddedModels : public QObject
 {
     Q_OBJECT
 
@@ -49,7 +49,7 @@ private Q_SLOTS:
     void millionEntitiesLoadAndAnswer();
 };
 
-void EmbeddedModelsTest::openedModelAnswersAllItsRelations()
+void tst_EmbeddedModels::openedModelAnswersAllItsRelations()
 {
     EmbeddedKernel kernel;
     kernel.open_model(lattice(2, 1, 1), "two.step");
@@ -66,11 +66,11 @@ void EmbeddedModelsTest::openedModelAnswersAllItsRelations()
     QCOMPARE(get_list_of_free_ref_entities("surface"), Ids{});
 }
 
-void EmbeddedModelsTest::openedModelTakesThePlaceOfEverything()
+void tst_EmbeddedModels::openedModelTakesThePlaceOfEverything()
 {
     EmbeddedKernel kernel;
     kernel.open_model(lattice(2, 2, 2), "a.step");
-    EventLog log;
+    NotificationLog log;
 
     kernel.open_model(loose_ends(), "b.step");
 
@@ -83,16 +83,16 @@ void EmbeddedModelsTest::openedModelTakesThePlaceOfEverything()
     QCOMPARE(get_list_of_free_ref_entities("surface"), Ids{});
 }
 
-void EmbeddedModelsTest::replacedModelIsToldAsReplaced()
+void tst_EmbeddedModels::replacedModelIsToldAsReplaced()
 {
     EmbeddedKernel kernel;
-    EventLog log;
+    NotificationLog log;
     kernel.replace_model(lattice(1, 1, 1));
     QCOMPARE(log.take(), QStringLiteral("model_replaced"));
     QCOMPARE(entity_counts(), QStringLiteral("1 1 6 12 8"));
 }
 
-void EmbeddedModelsTest::importedModelGetsTheIdsAboveTheHighest()
+void tst_EmbeddedModels::importedModelGetsTheIdsAboveTheHighest()
 {
     EmbeddedKernel kernel;
     kernel.open_model(lattice(1, 1, 1), "cube.step");
@@ -109,11 +109,11 @@ void EmbeddedModelsTest::importedModelGetsTheIdsAboveTheHighest()
     QCOMPARE(get_entity_name("vertex", 103, true), std::string("Tip"));
 }
 
-void EmbeddedModelsTest::importedEntitiesAreToldFromTheBodiesDownAndGroupsFromTheInnermostOut()
+void tst_EmbeddedModels::importedEntitiesAreToldFromTheBodiesDownAndGroupsFromTheInnermostOut()
 {
     EmbeddedKernel kernel;
     kernel.create_vertex();
-    EventLog log;
+    NotificationLog log;
 
     kernel.import_model(loose_ends());
 
@@ -123,10 +123,10 @@ void EmbeddedModelsTest::importedEntitiesAreToldFromTheBodiesDownAndGroupsFromTh
                        "group_created 2, group_created 1"));
 }
 
-void EmbeddedModelsTest::importedEntityIsReadableInItsNotification()
+void tst_EmbeddedModels::importedEntityIsReadableInItsNotification()
 {
     EmbeddedKernel kernel;
-    EventLog log;
+    NotificationLog log;
     std::string name;
     Ids volumes;
     log.on_event = [&](const QString& event) {
@@ -140,11 +140,11 @@ void EmbeddedModelsTest::importedEntityIsReadableInItsNotification()
     QCOMPARE(volumes, Ids{1});
 }
 
-void EmbeddedModelsTest::clearedKernelIsEmptyAndToldAsReset()
+void tst_EmbeddedModels::clearedKernelIsEmptyAndToldAsReset()
 {
     EmbeddedKernel kernel;
     kernel.open_model(loose_ends(), "a.step");
-    EventLog log;
+    NotificationLog log;
 
     kernel.clear();
 
@@ -153,17 +153,17 @@ void EmbeddedModelsTest::clearedKernelIsEmptyAndToldAsReset()
     QCOMPARE(kernel.create_body(), 1);
 }
 
-void EmbeddedModelsTest::refreshRequestOnlyTells()
+void tst_EmbeddedModels::refreshRequestOnlyTells()
 {
     EmbeddedKernel kernel;
     kernel.open_model(loose_ends(), "a.step");
-    EventLog log;
+    NotificationLog log;
     kernel.request_refresh();
     QCOMPARE(log.take(), QStringLiteral("model_refresh_requested"));
     QCOMPARE(entity_counts(), QStringLiteral("1 1 1 1 3"));
 }
 
-void EmbeddedModelsTest::flawedModelIsRefusedAsAWhole_data()
+void tst_EmbeddedModels::flawedModelIsRefusedAsAWhole_data()
 {
     QTest::addColumn<std::function<void(ModelData&)>>("spoil");
     QTest::addColumn<QString>("sentence");
@@ -213,7 +213,7 @@ void EmbeddedModelsTest::flawedModelIsRefusedAsAWhole_data()
         "The model's group 1 belongs to a circle of groups that hold one another.");
 }
 
-void EmbeddedModelsTest::flawedModelIsRefusedAsAWhole()
+void tst_EmbeddedModels::flawedModelIsRefusedAsAWhole()
 {
     QFETCH(std::function<void(ModelData&)>, spoil);
     QFETCH(QString, sentence);
@@ -221,7 +221,7 @@ void EmbeddedModelsTest::flawedModelIsRefusedAsAWhole()
     spoil(flawed);
     EmbeddedKernel kernel;
     kernel.open_model(lattice(1, 1, 1), "cube.step");
-    EventLog log;
+    NotificationLog log;
 
     for (const bool import : {false, true}) {
         try {
@@ -235,12 +235,12 @@ void EmbeddedModelsTest::flawedModelIsRefusedAsAWhole()
     }
 }
 
-void EmbeddedModelsTest::modelThatDoesNotFitTheIdsLeftIsRefused()
+void tst_EmbeddedModels::modelThatDoesNotFitTheIdsLeftIsRefused()
 {
     EmbeddedKernel kernel;
     kernel.create_vertex();
     kernel.renumber(EntityKind::VERTEX, 1, std::numeric_limits<int>::max() - 2);
-    EventLog log;
+    NotificationLog log;
 
     QVERIFY_EXCEPTION_THROWN(kernel.import_model(loose_ends()), std::invalid_argument);
 
@@ -248,7 +248,7 @@ void EmbeddedModelsTest::modelThatDoesNotFitTheIdsLeftIsRefused()
     QCOMPARE(log.take(), QString());
 }
 
-void EmbeddedModelsTest::millionEntitiesLoadAndAnswer()
+void tst_EmbeddedModels::millionEntitiesLoadAndAnswer()
 {
     EmbeddedKernel kernel;
     kernel.open_model(lattice(50, 50, 50), "lattice.step");
@@ -265,5 +265,5 @@ void EmbeddedModelsTest::millionEntitiesLoadAndAnswer()
     QCOMPARE(get_entities("vertex").back(), 132659);
 }
 
-QTEST_GUILESS_MAIN(EmbeddedModelsTest)
-#include "tst_embedded_models.moc"
+QTEST_GUILESS_MAIN(tst_EmbeddedModels)
+#include "tst_EmbeddedModels.moc"

@@ -1,0 +1,257 @@
+#include <browser/MirrorTree.hpp>
+
+#include <algorithm>
+#include <array>
+#include <treemodel/kernel/TreeModel.hpp>
+#include <treemodel/treedata/TreeBodyData.hpp>
+
+using GeometryType = TreeGeometryData::GeometryType;
+
+namespace {
+
+struct GeometryKind
+{
+    GeometryType type;
+    const char* plural;
+};
+
+constexpr std::array<GeometryKind, 5> from_body_to_vertex{{
+    {TreeGeometryData::BODY, "bodies"},
+    {TreeGeometryData::VOLUME, "volumes"},
+    {TreeGeometryData::SURFACE, "surfaces"},
+    {TreeGeometryData::CURVE, "curves"},
+    {TreeGeometryData::VERTEX, "vertices"},
+}};
+
+struct ExodusKind
+{
+    TreeExodusData::ExodusType type;
+    const char* plural;
+};
+
+constexpr std::array<ExodusKind, 3> exodus_kinds{{
+    {TreeExodusData::BLOCK, "blocks"},
+    {TreeExodusData::SIDESET, "sidesets"},
+    {TreeExodusData::NODESET, "nodesets"},
+}};
+
+template <typename Record>
+void append(std::vector<TreeData*>& list, const std::vector<Record*>& records)
+{
+    list.insert(list.end(), records.begin(), records.end());
+}
+
+std::vector<TreeFeaBCData*> all_fea_bcs(TreeModel& mirror)
+{
+    std::vector<TreeFeaBCData*> result;
+    for (int type = TreeFeaBCData::FORCE; type <= TreeFeaBCData::CONTACT_PAIR; ++type) {
+        const auto bcs = mirror.fea_bcs(TreeFeaBCData::FEAType(type));
+        result.insert(result.end(), bcs.begin(), bcs.end());
+    }
+    return result;
+}
+
+std::vector<TreeCfdBCData*> all_cfd_bcs(TreeModel& mirror)
+{
+    std::vector<TreeCfdBCData*> result;
+    for (int type = TreeCfdBCData::AXIS; type <= TreeCfdBCData::WALL; ++type) {
+        const auto bcs = mirror.cfd_bcs(TreeCfdBCData::CFDType(type));
+        result.insert(result.end(), bcs.begin(), bcs.end());
+    }
+    return result;
+}
+
+// Among the children of one record: groups, geometry from body to vertex, sets and
+// element counts by their types.
+std::pair<int, int> place_among_siblings(TreeData* record)
+{
+    int rank = 0;
+    if (auto* geometry = qobject_cast<TreeGeometryData*>(record)) {
+        rank = 1 + TreeGeometryData::BODY - geometry->geometry_type();
+    } else if (auto* exodus = qobject_cast<TreeExodusData*>(record)) {
+        rank = 1 + exodus->exodus_type();
+    } else if (auto* mesh = qobject_cast<TreeMeshData*>(record)) {
+        return {100, mesh->mesh_type()};
+    }
+    return {rank, record->id()};
+}
+
+} // namespace
+
+MirrorTree::MirrorTree(TreeModel& mirror)
+    : m_mirror(mirror)
+{
+}
+
+std::vector<TreeData*> MirrorTree::roots() const
+{
+    std::vector<TreeData*> result;
+    append(result, m_mirror.geometry(TreeGeometryData::BODY));
+    append(result, free_geometry());
+    for (TreeGroupData* group : m_mirror.groups()) {
+        if (m_mirror.find_groups_for_child(group).empty()) {
+            result.push_back(group);
+        }
+    }
+    append(result, mesh_controls());
+    append(result, simulation());
+    return result;
+}
+
+std::vector<TreeData*> MirrorTree::children(TreeData* record, TreeData* parent) const
+{
+    std::vector<TreeData*> result;
+    if (auto* geometry = qobject_cast<TreeGeometryData*>(record)) {
+        // A group names its members; they are opened where they belong.
+        if (!qobject_cast<TreeGroupData*>(parent)) {
+            append(result, m_mirror.find_geometry_children(geometry));
+        }
+    } else if (auto* group = qobject_cast<TreeGroupData*>(record)) {
+        result = m_mirror.find_group_children(group);
+    } else if (auto* fea_bc = qobject_cast<TreeFeaBCData*>(record)) {
+        append(result, m_mirror.find_exodus_from_fea(fea_bc));
+    } else if (auto* cfd_bc = qobject_cast<TreeCfdBCData*>(record)) {
+        append(result, m_mirror.find_exodus_from_cfd(cfd_bc));
+    }
+    std::sort(result.begin(), result.end(), [](TreeData* left, TreeData* right) {
+        return place_among_siblings(left) < place_among_siblings(right);
+    });
+    return result;
+}
+
+QString MirrorTree::kind(TreeData* record) const
+{
+    if (auto* geometry = qobject_cast<TreeGeometryData*>(record)) {
+        return QString::fromStdString(TreeGeometryData::type_to_string(geometry->geometry_type()));
+    }
+    if (auto* exodus = qobject_cast<TreeExodusData*>(record)) {
+        return QString::fromStdString(TreeExodusData::type_to_string(exodus->exodus_type()));
+    }
+    if (auto* fea_bc = qobject_cast<TreeFeaBCData*>(record)) {
+        return QString::fromStdString(TreeFeaBCData::type_to_string(fea_bc->fea_bc_type()));
+    }
+    if (auto* cfd_bc = qobject_cast<TreeCfdBCData*>(record)) {
+        return QString::fromStdString(TreeCfdBCData::type_to_string(cfd_bc->cfd_bc_type()));
+    }
+    if (auto* material = qobject_cast<TreeMaterialData*>(record)) {
+        return material->is_cfd() ? "media" : "material";
+    }
+    if (qobject_cast<TreeGroupData*>(record)) {
+        return "group";
+    }
+    if (qobject_cast<TreeSizingSourceData*>(record)) {
+        return "sizing source";
+    }
+    if (qobject_cast<TreeBoundaryLayerData*>(record)) {
+        return "boundary layer";
+    }
+    return "elements";
+}
+
+QStringList MirrorTree::flags(TreeData* record) const
+{
+    QStringList result;
+    if (auto* geometry = qobject_cast<TreeGeometryData*>(record)) {
+        result = geometry_flags(geometry);
+    }
+    auto* exodus = qobject_cast<TreeExodusData*>(record);
+    if (exodus && exodus->is_lite()) {
+        result << "lite";
+    }
+    if (!record->is_visible()) {
+        result << "hidden";
+    }
+    return result;
+}
+
+std::vector<MirrorTree::Count> MirrorTree::counts() const
+{
+    std::vector<Count> result;
+    for (const GeometryKind& kind : from_body_to_vertex) {
+        result.push_back({kind.plural, int(m_mirror.geometry(kind.type).size())});
+    }
+    const auto add_if_any = [&result](const char* plural, std::size_t count) {
+        if (count > 0) {
+            result.push_back({plural, int(count)});
+        }
+    };
+    add_if_any("groups", m_mirror.groups().size());
+    add_if_any("sizing sources", m_mirror.sizing_sources().size());
+    add_if_any("boundary layers", m_mirror.boundary_layers().size());
+    for (const ExodusKind& kind : exodus_kinds) {
+        add_if_any(kind.plural, m_mirror.exodus_entities(kind.type).size());
+    }
+    add_if_any("FEA boundary conditions", all_fea_bcs(m_mirror).size());
+    add_if_any("CFD boundary conditions", all_cfd_bcs(m_mirror).size());
+    add_if_any("materials", m_mirror.materials(false).size());
+    add_if_any("media", m_mirror.materials(true).size());
+    return result;
+}
+
+QString MirrorTree::counts_line() const
+{
+    QStringList parts;
+    for (const Count& count : counts()) {
+        parts << QStringLiteral("%1 %2").arg(count.count).arg(QLatin1String(count.plural));
+    }
+    return parts.join(QLatin1String(", "));
+}
+
+std::vector<TreeData*> MirrorTree::free_geometry() const
+{
+    std::vector<TreeData*> result;
+    for (const GeometryKind& kind : from_body_to_vertex) {
+        for (TreeGeometryData* record : m_mirror.geometry(kind.type)) {
+            if (kind.type != TreeGeometryData::BODY &&
+                m_mirror.find_geometry_parents(record).empty()) {
+                result.push_back(record);
+            }
+        }
+    }
+    return result;
+}
+
+std::vector<TreeData*> MirrorTree::mesh_controls() const
+{
+    std::vector<TreeData*> result;
+    append(result, m_mirror.sizing_sources());
+    append(result, m_mirror.boundary_layers());
+    return result;
+}
+
+std::vector<TreeData*> MirrorTree::simulation() const
+{
+    std::vector<TreeData*> result;
+    for (const ExodusKind& kind : exodus_kinds) {
+        append(result, m_mirror.exodus_entities(kind.type));
+    }
+    append(result, all_fea_bcs(m_mirror));
+    append(result, all_cfd_bcs(m_mirror));
+    append(result, m_mirror.materials(false));
+    append(result, m_mirror.materials(true));
+    return result;
+}
+
+QStringList MirrorTree::geometry_flags(TreeGeometryData* record) const
+{
+    QStringList result;
+    if (auto* body = qobject_cast<TreeBodyData*>(record)) {
+        if (body->is_sheet_body()) {
+            result << "sheet";
+        }
+        if (body->is_multi_volume()) {
+            result << "multi-volume";
+        }
+    } else {
+        const auto parents = m_mirror.find_geometry_parents(record).size();
+        if (parents == 0) {
+            result << "free";
+        } else if (parents > 1) {
+            result << QStringLiteral("shared by %1").arg(parents);
+        }
+    }
+    if (record->is_virtual()) {
+        result << "virtual";
+    }
+    return result;
+}

@@ -1,0 +1,49 @@
+#include <embedded/SetupStore.hpp>
+
+#include <algorithm>
+#include <utility>
+
+void SetupStore::change_kind(EntityKind kind, int id, EntityKind new_kind)
+{
+    SetupRow moved = std::move(row(kind, id));
+    rows(kind).erase(id);
+    rows(new_kind).insert(id) = std::move(moved);
+}
+
+EntitySet SetupStore::conditions_on(EntityKind set_kind, int id) const
+{
+    EntitySet conditions;
+    if (set_kind != EntityKind::SIDESET && set_kind != EntityKind::NODESET) {
+        return conditions;
+    }
+    for (EntityKind kind = condition_family.first; kind <= condition_family.last;
+         kind = next(kind)) {
+        for (const int condition : rows(kind).ids()) {
+            const std::vector<int>& sets = row(kind, condition).*sets_of(set_kind);
+            if (std::find(sets.begin(), sets.end(), id) != sets.end()) {
+                conditions.emplace(kind, condition);
+            }
+        }
+    }
+    return conditions;
+}
+
+void SetupStore::renumber_set(EntityKind set_kind, int id, int new_id)
+{
+    for (const auto& [kind, condition] : conditions_on(set_kind, id)) {
+        std::vector<int>& sets = row(kind, condition).*sets_of(set_kind);
+        std::replace(sets.begin(), sets.end(), id, new_id);
+    }
+}
+
+void SetupStore::forget_set(EntityKind set_kind, int id)
+{
+    for (const auto& [kind, condition] : conditions_on(set_kind, id)) {
+        std::erase(row(kind, condition).*sets_of(set_kind), id);
+    }
+}
+
+std::vector<int> SetupRow::*SetupStore::sets_of(EntityKind set_kind)
+{
+    return set_kind == EntityKind::SIDESET ? &SetupRow::sidesets : &SetupRow::nodesets;
+}

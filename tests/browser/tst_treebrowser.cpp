@@ -1,0 +1,141 @@
+#include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+struct Run
+{
+    int exit_code;
+    QString output;
+    QString messages;
+};
+
+Run treebrowser(const QStringList& arguments)
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LC_ALL", "C.UTF-8");
+    process.setProcessEnvironment(environment);
+    process.start(TREEBROWSER, arguments);
+    process.waitForFinished(120'000);
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+        QString::fromUtf8(process.readAllStandardOutput()),
+        QString::fromUtf8(process.readAllStandardError())};
+}
+
+QString sample(const QString& name)
+{
+    return QDir(SAMPLE_MODELS).filePath(name);
+}
+
+} // namespace
+
+class tst_treebrowser : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void printEndsInTheCounts_data();
+    void printEndsInTheCounts();
+    void partsKeepTheirNames();
+    void assembliesAreNestedGroups();
+    void jsonIsWellFormed();
+    void unreadableFileIsOneSentenceAndExitCodeOne_data();
+    void unreadableFileIsOneSentenceAndExitCodeOne();
+    void misuseIsOneSentenceAndExitCodeTwo();
+    void helpAndVersionGoToStandardOutput();
+};
+
+void tst_treebrowser::printEndsInTheCounts_data()
+{
+    QTest::addColumn<QString>("counts");
+    QTest::newRow("pump_station.step")
+        << "25 bodies, 25 volumes, 90 surfaces, 120 curves, 80 vertices, 7 groups";
+}
+
+void tst_treebrowser::printEndsInTheCounts()
+{
+    const Run run = treebrowser({"--print", sample(QTest::currentDataTag())});
+    QVERIFY2(run.exit_code == 0, qPrintable(run.messages));
+    QTEST(run.output.trimmed().section('\n', -1), "counts");
+}
+
+void tst_treebrowser::partsKeepTheirNames()
+{
+    const Run run = treebrowser({"--print", "--depth", "1", sample("pump_station.step")});
+    const QStringList lines = run.output.split('\n');
+    QCOMPARE(lines.value(0), QString::fromUtf8("Base plate  [body 1]  … 1 below"));
+    QCOMPARE(lines.value(1), QString::fromUtf8("Gehäuse  [body 2]  … 1 below"));
+}
+
+void tst_treebrowser::assembliesAreNestedGroups()
+{
+    const Run run = treebrowser({"--print", sample("pump_station.step")});
+    const QString groups = run.output.mid(run.output.indexOf("Pump station"));
+    QVERIFY2(groups.contains(QString::fromUtf8("─ Duty pump  [group ")), qPrintable(groups));
+    QVERIFY2(groups.contains(QString::fromUtf8("   ├─ Inlet  [group ")) ||
+                 groups.contains(QString::fromUtf8("│  ├─ Inlet  [group ")),
+        qPrintable(groups));
+}
+
+void tst_treebrowser::jsonIsWellFormed()
+{
+    const Run run = treebrowser({"--print", "--json", sample("roof.step")});
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(run.output.toUtf8(), &error);
+    QVERIFY2(error.error == QJsonParseError::NoError, qPrintable(error.errorString()));
+    QCOMPARE(document["tree"][0]["flags"][0].toString(), "sheet");
+}
+
+void tst_treebrowser::unreadableFileIsOneSentenceAndExitCodeOne_data()
+{
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("empty") << QByteArray() << "the file is empty";
+    QTest::newRow("foreign") << QByteArray("dear diary\n")
+                             << "its content is neither STEP nor IGES nor BREP";
+}
+
+void tst_treebrowser::unreadableFileIsOneSentenceAndExitCodeOne()
+{
+    QFETCH(QByteArray, content);
+    QFETCH(QString, reason);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("model.step");
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+    file.close();
+
+    const Run run = treebrowser({"--print", path});
+
+    QCOMPARE(run.exit_code, 1);
+    QCOMPARE(run.output, QString());
+    QCOMPARE(
+        run.messages, QStringLiteral("treebrowser: Cannot import \"%1\": %2.\n").arg(path, reason));
+}
+
+void tst_treebrowser::misuseIsOneSentenceAndExitCodeTwo()
+{
+    const Run run = treebrowser({"--print"});
+    QCOMPARE(run.exit_code, 2);
+    QCOMPARE(run.messages, "treebrowser: Give one file to print.\n");
+}
+
+void tst_treebrowser::helpAndVersionGoToStandardOutput()
+{
+    const Run help = treebrowser({"--help"});
+    QCOMPARE(help.exit_code, 0);
+    QVERIFY2(help.output.contains("--depth <N>"), qPrintable(help.output));
+
+    const Run version = treebrowser({"--version"});
+    QCOMPARE(version.exit_code, 0);
+    QVERIFY2(version.output.startsWith("treebrowser 0."), qPrintable(version.output));
+}
+
+QTEST_GUILESS_MAIN(tst_treebrowser)
+#include "tst_treebrowser.moc"

@@ -1,0 +1,3 @@
+#include <treemodel/entity/EntityIconFactory.hpp>
+
+EntityIconFactory::~EntityIconFactory() = default;
