@@ -1,8 +1,8 @@
 #include <cstddef>
 #include <cstring>
 #include <QTest>
-#include <support/GeometryText.hpp>
-#include <support/WatchedMirror.hpp>
+#include <support/FullModel.hpp>
+#include <support/MirrorText.hpp>
 #include <type_traits>
 
 using namespace KestoInterface;
@@ -408,17 +408,16 @@ void tst_KestoInterface::defaultNotificationsDoNothing()
 
 void tst_KestoInterface::unhandledNotificationsLeaveTheMirrorAlone()
 {
-    WatchedMirror mirror;
-    script_small_model(mirror.kernel);
+    FullMirror mirror;
+    script_full_model(mirror);
     mirror.refresh();
-    const QStringList before = geometry_text(mirror.model);
-    mirror.kernel.names.clear();
-    mirror.kernel.relatives.clear();
+    const QStringList before = mirror_text(mirror.model);
+    change_full_model(mirror);
 
     send_unhandled(mirror.observer());
 
     QCOMPARE(mirror.log.take(), QStringList());
-    QCOMPARE(geometry_text(mirror.model), before);
+    QCOMPARE(mirror_text(mirror.model), before);
 }
 
 QTEST_GUILESS_MAIN(tst_KestoInterface)

@@ -1,34 +1,25 @@
 #include <functional>
+#include <QRegularExpression>
 #include <QTest>
-#include <support/GeometryText.hpp>
-#include <support/WatchedMirror.hpp>
+#include <support/FullModel.hpp>
+#include <support/MirrorText.hpp>
 
-using Action = std::function<void(WatchedMirror&)>;
+using Action = std::function<void(FullMirror&)>;
 
 namespace {
-
-// The small model without virtual entities: below one, records are read in the order
-// of their addresses, which differs from mirror to mirror.
-void script_plain_model(RecordingKernel& kernel)
-{
-    script_small_model(kernel);
-    kernel.virtual_entities.clear();
-    kernel.containing_virtual.clear();
-}
 
 // The events of the action on a mirror that lags behind its kernel, and the mirror after it.
 struct Outcome
 {
     explicit Outcome(const Action& action)
     {
-        WatchedMirror mirror;
-        script_plain_model(mirror.kernel);
+        FullMirror mirror;
+        script_full_model(mirror);
         mirror.refresh();
-        mirror.kernel.names[{"curve", 1}] = "Edge";
-        mirror.kernel.entities["vertex"] = {1, 2, 3};
+        change_full_model(mirror);
         action(mirror);
         events = mirror.log.take();
-        picture = geometry_text(mirror.model);
+        picture = mirror_text(mirror.model);
     }
 
     QStringList events;
@@ -50,11 +41,16 @@ private Q_SLOTS:
     void clearingRefreshTellsAndDeletesBeforeItAsks();
     void clearingRefreshMakesNewRecords();
     void plainRefreshKeepsTheRecords();
+    void refreshGoesThroughTheDomainsInOrder_data();
+    void refreshGoesThroughTheDomainsInOrder();
+    void steadyRefreshTellsOnlyWhatAReadingAlwaysTells();
     void bothRefreshesFillAnEmptyMirrorAlike();
     void refreshNeedsNoRegistration_data();
     void refreshNeedsNoRegistration();
 
     void resetClearsGeometryAndAsksNothingOfIt();
+    void resetReadsTheGroupsAlone();
+    void resetLeavesTheOtherDomainsEmpty();
     void resetMirrorFollowsTheNextNotification();
     void reservedNotificationsDoNothing();
 };
@@ -64,14 +60,12 @@ void tst_resets::notificationDoesWhatARefreshDoes_data()
     QTest::addColumn<Action>("notify");
     QTest::addColumn<bool>("clear");
     QTest::newRow("refresh requested")
-        << Action([](WatchedMirror& it) { it.observer().notify_model_refresh_requested(); })
-        << false;
+        << Action([](FullMirror& it) { it.observer().notify_model_refresh_requested(); }) << false;
     QTest::newRow("geometry repaired")
-        << Action([](WatchedMirror& it) { it.observer().notify_geometry_repair_complete(); })
-        << false;
+        << Action([](FullMirror& it) { it.observer().notify_geometry_repair_complete(); }) << false;
     QTest::newRow("model replaced")
-        << Action([](WatchedMirror& it) { it.observer().notify_model_replaced(); }) << true;
-    QTest::newRow("file opened") << Action([](WatchedMirror& it) {
+        << Action([](FullMirror& it) { it.observer().notify_model_replaced(); }) << true;
+    QTest::newRow("file opened") << Action([](FullMirror& it) {
         it.observer().notify_kes_file_opened("box.kes");
     }) << true;
 }
@@ -81,7 +75,7 @@ void tst_resets::notificationDoesWhatARefreshDoes()
     QFETCH(Action, notify);
     QFETCH(bool, clear);
     const Outcome notified(notify);
-    const Outcome refreshed([clear](WatchedMirror& it) { it.model.refresh_model(clear); });
+    const Outcome refreshed([clear](FullMirror& it) { it.model.refresh_model(clear); });
     QCOMPARE(notified.events, refreshed.events);
     QCOMPARE(notified.picture, refreshed.picture);
 }
@@ -97,15 +91,15 @@ void tst_resets::fileNameIsNotRead_data()
 void tst_resets::fileNameIsNotRead()
 {
     QFETCH(std::string, file);
-    const Outcome opened([&](WatchedMirror& it) { it.observer().notify_kes_file_opened(file); });
-    const Outcome replaced([](WatchedMirror& it) { it.observer().notify_model_replaced(); });
+    const Outcome opened([&](FullMirror& it) { it.observer().notify_kes_file_opened(file); });
+    const Outcome replaced([](FullMirror& it) { it.observer().notify_model_replaced(); });
     QCOMPARE(opened.events, replaced.events);
     QCOMPARE(opened.picture, replaced.picture);
 }
 
 void tst_resets::clearingRefreshTellsAndDeletesBeforeItAsks()
 {
-    WatchedMirror mirror;
+    FullMirror mirror;
     mirror.kernel.entities = {{"surface", {4}}, {"curve", {5}}};
     mirror.kernel.relate("surface", 4, "curve", {5});
     mirror.refresh();
@@ -120,22 +114,22 @@ void tst_resets::clearingRefreshTellsAndDeletesBeforeItAsks()
 
 void tst_resets::clearingRefreshMakesNewRecords()
 {
-    WatchedMirror mirror;
-    script_small_model(mirror.kernel);
+    FullMirror mirror;
+    script_full_model(mirror);
     mirror.refresh();
-    const QStringList before = geometry_text(mirror.model);
+    const QStringList before = mirror_text(mirror.model);
     mirror.model.find_geometry(TreeGeometryData::SURFACE, 1)->setObjectName("old");
 
     mirror.model.refresh_model(true);
 
-    QCOMPARE(geometry_text(mirror.model), before);
+    QCOMPARE(mirror_text(mirror.model), before);
     QVERIFY(mirror.model.find_geometry(TreeGeometryData::SURFACE, 1)->objectName().isEmpty());
 }
 
 void tst_resets::plainRefreshKeepsTheRecords()
 {
-    WatchedMirror mirror;
-    script_small_model(mirror.kernel);
+    FullMirror mirror;
+    script_full_model(mirror);
     mirror.refresh();
     mirror.model.find_geometry(TreeGeometryData::SURFACE, 1)->setObjectName("old");
 
@@ -145,19 +139,77 @@ void tst_resets::plainRefreshKeepsTheRecords()
     QCOMPARE(mirror.log.take_only({"geometry_", "about_to"}), QStringList());
 }
 
+void tst_resets::refreshGoesThroughTheDomainsInOrder_data()
+{
+    QTest::addColumn<bool>("clear");
+    QTest::newRow("plain") << false;
+    QTest::newRow("clearing") << true;
+}
+
+// The selection of each domain is told before the next domain is asked for.
+void tst_resets::refreshGoesThroughTheDomainsInOrder()
+{
+    QFETCH(bool, clear);
+    FullMirror mirror;
+    script_full_model(mirror);
+    mirror.refresh();
+
+    if (clear) {
+        mirror.observer().notify_model_replaced();
+    } else {
+        mirror.observer().notify_model_refresh_requested();
+    }
+
+    const QStringList clears{"about_to_clear_geometry()", "about_to_clear_groups()",
+        "about_to_clear_boundary_layers()", "about_to_clear_sizing_sources()",
+        "about_to_clear_mesh_data()", "about_to_clear_exodus()", "about_to_clear_fea()",
+        "about_to_clear_cfd()", "about_to_clear_material()"};
+    QCOMPARE(mirror.log.take_only({"about_to_clear", "get_entities(body)", "group_list",
+                 "sizing_source_ids", "get_block_id_list", "selection_changed"}),
+        (clear ? clears : QStringList()) +
+            QStringList({"get_entities(body)", "selection_changed([surface 2], true)",
+                "group_list()", "selection_changed([group 2], true)", "sizing_source_ids()",
+                "selection_changed([sizing_source 1, boundary_layer 3], true)",
+                "get_block_id_list()", "selection_changed([block 1, force 2, wall 1], true)"}));
+}
+
+void tst_resets::steadyRefreshTellsOnlyWhatAReadingAlwaysTells()
+{
+    FullMirror mirror;
+    script_full_model(mirror);
+    mirror.refresh();
+    const QStringList before = mirror_text(mirror.model);
+
+    mirror.observer().notify_model_refresh_requested();
+
+    QStringList events = mirror.log.take();
+    events.removeIf([](const QString& event) {
+        static const QRegularExpression expected(
+            "^(get_|group_list|is_|contains_|sizing_source_ids|material_i|current_selection|"
+            "selection_changed|.*: visible_changed|material .: cfd_flag_changed)");
+        return expected.match(event).hasMatch();
+    });
+    QCOMPARE(events, QStringList());
+    QCOMPARE(mirror_text(mirror.model), before);
+}
+
 void tst_resets::bothRefreshesFillAnEmptyMirrorAlike()
 {
     QStringList pictures[2];
     QStringList events[2];
+    const QStringList clears{"about_to_clear_geometry()", "about_to_clear_groups()",
+        "about_to_clear_boundary_layers()", "about_to_clear_sizing_sources()",
+        "about_to_clear_mesh_data()", "about_to_clear_exodus()", "about_to_clear_fea()",
+        "about_to_clear_cfd()", "about_to_clear_material()"};
     for (const bool clear : {false, true}) {
-        WatchedMirror mirror;
-        script_plain_model(mirror.kernel);
+        FullMirror mirror;
+        script_full_model(mirror);
         mirror.model.refresh_model(clear);
-        events[clear] = mirror.take_geometry();
-        pictures[clear] = geometry_text(mirror.model);
+        events[clear] = mirror.log.take();
+        pictures[clear] = mirror_text(mirror.model);
     }
     QCOMPARE(pictures[true], pictures[false]);
-    QCOMPARE(events[true], QStringList("about_to_clear_geometry()") + events[false]);
+    QCOMPARE(events[true], clears + events[false]);
 }
 
 void tst_resets::refreshNeedsNoRegistration_data()
@@ -170,8 +222,8 @@ void tst_resets::refreshNeedsNoRegistration_data()
 void tst_resets::refreshNeedsNoRegistration()
 {
     QFETCH(bool, clear);
-    const Outcome registered([clear](WatchedMirror& it) { it.model.refresh_model(clear); });
-    const Outcome unregistered([clear](WatchedMirror& it) {
+    const Outcome registered([clear](FullMirror& it) { it.model.refresh_model(clear); });
+    const Outcome unregistered([clear](FullMirror& it) {
         it.model.disconnect_from_kesto();
         it.log.take();
         it.model.refresh_model(clear);
@@ -182,7 +234,7 @@ void tst_resets::refreshNeedsNoRegistration()
 
 void tst_resets::resetClearsGeometryAndAsksNothingOfIt()
 {
-    WatchedMirror mirror;
+    FullMirror mirror;
     mirror.kernel.entities = {{"surface", {4}}, {"curve", {5}}};
     mirror.kernel.relate("surface", 4, "curve", {5});
     mirror.refresh();
@@ -192,26 +244,59 @@ void tst_resets::resetClearsGeometryAndAsksNothingOfIt()
     QCOMPARE(mirror.take_geometry(),
         QStringList({"about_to_clear_geometry()", "surface 4: treedata_destroyed(surface 4)",
             "curve 5: treedata_destroyed(curve 5)"}));
-    QCOMPARE(geometry_text(mirror.model), QStringList());
+    QCOMPARE(mirror_text(mirror.model), QStringList());
+}
+
+void tst_resets::resetReadsTheGroupsAlone()
+{
+    FullMirror mirror;
+    mirror.kernel.entities = {{"surface", {4, 5}}};
+    mirror.kernel.groups = {{"Lids", 3}};
+    mirror.kernel.names = {{{"group", 3}, "Lids"}};
+    mirror.kernel.group_contents = {{3, {{{{}, {}, {}, {4, 5}, {}, {}}}, {}}}};
+    mirror.kernel.selection = {{"group", 3}, {"surface", 4}};
+    mirror.refresh();
+
+    mirror.observer().notify_model_reset();
+
+    const QStringList events = mirror.log.take();
+    QCOMPARE(events.mid(events.indexOf("about_to_clear_material()") + 1),
+        QStringList({"group_list()", "group_added(group 3)", "get_entity_name(group, 3, false)",
+            "is_visible(group, 3)", "group 3: visible_changed(true)", "get_group_children(3)",
+            "current_selection_count()", "get_selected_type(0)", "get_selected_id(0)",
+            "get_selected_type(1)", "selection_changed([group 3], true)"}));
+    QCOMPARE(mirror_text(mirror.model), QStringList("group 3 'Lids'"));
+}
+
+void tst_resets::resetLeavesTheOtherDomainsEmpty()
+{
+    FullMirror mirror;
+    script_full_model(mirror);
+    mirror.refresh();
+    mirror.observer().notify_model_reset();
+    const QStringList rest = mirror_text(mirror.model);
+    QVERIFY(!rest.isEmpty());
+    QCOMPARE(rest.filter(QRegularExpression("^(group|.* of group|mesh records)")), rest);
 }
 
 void tst_resets::resetMirrorFollowsTheNextNotification()
 {
-    WatchedMirror mirror;
-    script_small_model(mirror.kernel);
+    FullMirror mirror;
+    script_full_model(mirror);
     mirror.refresh();
     mirror.observer().notify_model_reset();
 
-    mirror.observer().notify_curve_created(8);
+    mirror.observer().notify_curve_created(1);
 
-    QCOMPARE(geometry_text(mirror.model),
-        QStringList({"curve 8 'Curve 8' hidden > vertex 3", "vertex 3 'Vertex 3' < curve 8"}));
+    QCOMPARE(mirror.model.geometry(TreeGeometryData::CURVE).size(), 1U);
+    QCOMPARE(mirror.model.geometry(TreeGeometryData::VERTEX).size(), 1U);
+    QCOMPARE(mirror.model.geometry(TreeGeometryData::SURFACE).size(), 0U);
 }
 
 void tst_resets::reservedNotificationsDoNothing()
 {
-    WatchedMirror mirror;
-    script_small_model(mirror.kernel);
+    FullMirror mirror;
+    script_full_model(mirror);
     mirror.refresh();
     mirror.kernel.entities.clear();
 

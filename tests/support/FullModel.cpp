@@ -1,6 +1,7 @@
 #include <support/FullModel.hpp>
 
 using KestoInterface::BC_CONTACT_PAIR;
+using KestoInterface::BC_FAN;
 using KestoInterface::BC_FORCE;
 using KestoInterface::BC_INLETVENT;
 using KestoInterface::BC_WALL;
@@ -16,6 +17,7 @@ void script_full_model(FullMirror& mirror)
     kernel.entities = {
         {"body", {1}}, {"volume", {1, 2}}, {"surface", {1, 2}}, {"curve", {1}}, {"vertex", {1, 2}}};
     kernel.free_entities = {{"vertex", {2}}};
+    kernel.relatives.clear();
     kernel.relate("body", 1, "volume", {1, 2});
     kernel.relate("volume", 1, "surface", {1, 2});
     kernel.relate("volume", 2, "surface", {2});
@@ -34,8 +36,8 @@ void script_full_model(FullMirror& mirror)
     kernel.boundary_layers = {1, 3};
 
     kernel.exodus_ids = {{"block", {1, 2}}, {"sideset", {1, 2}}, {"nodeset", {1, 2}}};
-    kernel.bc_ids = {
-        {BC_FORCE, {1, 2}}, {BC_CONTACT_PAIR, {1}}, {BC_INLETVENT, {3}}, {BC_WALL, {1}}};
+    kernel.bc_ids = {{BC_FORCE, {1, 2}}, {BC_CONTACT_PAIR, {1}}, {BC_FAN, {5}}, {BC_INLETVENT, {3}},
+        {BC_WALL, {1}}};
     kernel.sidesets_of_bc = {
         {{BC_FORCE, 1}, {1, 2}}, {{BC_WALL, 1}, {2}}, {{BC_INLETVENT, 3}, {1}}};
     kernel.nodesets_of_bc = {{{BC_FORCE, 1}, {1}}, {{BC_FORCE, 2}, {1, 2}}, {{BC_WALL, 1}, {2}}};
@@ -74,7 +76,7 @@ void change_full_model(FullMirror& mirror)
     kernel.bc_ids = {{BC_FORCE, {2, 3}}, {BC_INLETVENT, {3, 4}}, {BC_WALL, {1}}};
     kernel.sidesets_of_bc = {
         {{BC_FORCE, 2}, {3}}, {{BC_WALL, 1}, {1, 3}}, {{BC_INLETVENT, 4}, {3}}};
-    kernel.nodesets_of_bc = {{{BC_FORCE, 2}, {1}}};
+    kernel.nodesets_of_bc = {{{BC_WALL, 1}, {1}}};
     kernel.exodus_names[{"force", 2}] = "Wind";
     mirror.materials.materials = {{2, false}, {3, true}};
     kernel.exodus_names[{"material", 2}] = "Solid air";
