@@ -141,8 +141,8 @@ void tst_DeathsAcrossModels::removedMeshDataLeavesItsGroupsSilently()
     TreeMeshData* nodes = add_mesh_member(NODE, lid);
     log.take();
     mesh->remove_mesh_data(HEX, lid);
-    QCOMPARE(log.take(), QStringList({"mesh_data_removed(TreeMeshData 0, TreeGroupData 1)",
-                             "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)"}));
+    QCOMPARE(log.take(), QStringList({"mesh_data_removed(hex of group 1, group 1)",
+                             "hex of group 1: treedata_destroyed(hex of group 1)"}));
     QCOMPARE(groups->find_group_children(lid), std::vector<TreeData*>{nodes});
 }
 
@@ -170,12 +170,12 @@ void tst_DeathsAcrossModels::removedGroupTakesTheMeshRecordsThatAreItsMembers()
 
     groups->remove_group(1);
 
-    QCOMPARE(log.take(), QStringList({"group_removed(TreeGroupData 1)",
-                             "TreeGroupData 1: treedata_destroyed(TreeGroupData 1)",
-                             "mesh_data_removed(TreeMeshData 0, TreeData 1)",
-                             "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)",
-                             "mesh_data_removed(TreeMeshData 8, TreeData 1)",
-                             "TreeMeshData 8: treedata_destroyed(TreeMeshData 8)"}));
+    QCOMPARE(
+        log.take(), QStringList({"group_removed(group 1)", "group 1: treedata_destroyed(group 1)",
+                        "mesh_data_removed(hex of group 1, group 1)",
+                        "hex of group 1: treedata_destroyed(hex of group 1)",
+                        "mesh_data_removed(node of group 1, group 1)",
+                        "node of group 1: treedata_destroyed(node of group 1)"}));
     QVERIFY2(memberships == 0, "the group's links go before its mesh records");
     QVERIFY(mesh->mesh_data().empty());
     QCOMPARE(geometry->geometry_data(SURFACE).size(), 1U);
@@ -199,12 +199,11 @@ void tst_DeathsAcrossModels::clearedGroupsTakeTheirMeshRecords()
     log.take();
     groups->clear();
     QCOMPARE(log.take(),
-        QStringList({"about_to_clear()", "TreeGroupData 1: treedata_destroyed(TreeGroupData 1)",
-            "mesh_data_removed(TreeMeshData 8, TreeData 1)",
-            "TreeMeshData 8: treedata_destroyed(TreeMeshData 8)",
-            "TreeGroupData 2: treedata_destroyed(TreeGroupData 2)",
-            "mesh_data_removed(TreeMeshData 0, TreeData 2)",
-            "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)"}));
+        QStringList({"about_to_clear()", "group 1: treedata_destroyed(group 1)",
+            "mesh_data_removed(node of group 1, group 1)",
+            "node of group 1: treedata_destroyed(node of group 1)",
+            "group 2: treedata_destroyed(group 2)", "mesh_data_removed(hex of group 2, group 2)",
+            "hex of group 2: treedata_destroyed(hex of group 2)"}));
     QVERIFY(mesh->mesh_data().empty());
 }
 
@@ -215,10 +214,10 @@ void tst_DeathsAcrossModels::ownerThatIsItsOwnMemberGoesCleanly()
     add_mesh_member(HEX, lid);
     log.take();
     groups->remove_group(1);
-    QCOMPARE(log.take(), QStringList({"group_removed(TreeGroupData 1)",
-                             "TreeGroupData 1: treedata_destroyed(TreeGroupData 1)",
-                             "mesh_data_removed(TreeMeshData 0, TreeData 1)",
-                             "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)"}));
+    QCOMPARE(
+        log.take(), QStringList({"group_removed(group 1)", "group 1: treedata_destroyed(group 1)",
+                        "mesh_data_removed(hex of group 1, group 1)",
+                        "hex of group 1: treedata_destroyed(hex of group 1)"}));
     QVERIFY(groups->groups().empty());
 }
 
@@ -249,8 +248,8 @@ void tst_DeathsAcrossModels::geometryMayBeMemberAndOwner()
     geometry->remove_geometry(SURFACE, 5);
     QCOMPARE(log.take(),
         QStringList({"geometry_removed(surface 5)", "surface 5: treedata_destroyed(surface 5)",
-            "mesh_data_removed(TreeMeshData 0, TreeData 5)",
-            "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)"}));
+            "mesh_data_removed(hex of surface 5, surface 5)",
+            "hex of surface 5: treedata_destroyed(hex of surface 5)"}));
     QVERIFY(groups->find_group_children(lid).empty());
     QVERIFY(mesh->mesh_data().empty());
 }

@@ -112,7 +112,7 @@ void tst_TreeMeshModel::newSizingSourceStandsInTheModelWhenAnnounced()
     TreeSizingSourceData* source = model->add_sizing_source(4);
     QVERIFY(found);
     QCOMPARE(source->id(), 4);
-    QCOMPARE(log.take(), QStringList("sizing_source_added(TreeSizingSourceData 4)"));
+    QCOMPARE(log.take(), QStringList("sizing_source_added(sizing_source 4)"));
 }
 
 void tst_TreeMeshModel::sizingSourceOfAKnownIdIsGivenBackSilently()
@@ -134,9 +134,8 @@ void tst_TreeMeshModel::removedSizingSourceIsReadableInItsSignal()
     log.take();
     model->remove_sizing_source(4);
     QCOMPARE(seen, "Sizing Source 4 gone");
-    QCOMPARE(
-        log.take(), QStringList({"sizing_source_removed(TreeSizingSourceData 4)",
-                        "TreeSizingSourceData 4: treedata_destroyed(TreeSizingSourceData 4)"}));
+    QCOMPARE(log.take(), QStringList({"sizing_source_removed(sizing_source 4)",
+                             "sizing_source 4: treedata_destroyed(sizing_source 4)"}));
 }
 
 void tst_TreeMeshModel::newBoundaryLayerStandsInTheModelWhenAnnounced()
@@ -147,7 +146,7 @@ void tst_TreeMeshModel::newBoundaryLayerStandsInTheModelWhenAnnounced()
     TreeBoundaryLayerData* layer = model->add_boundary_layer(4);
     QVERIFY(found);
     QCOMPARE(layer->id(), 4);
-    QCOMPARE(log.take(), QStringList("boundary_layer_added(TreeBoundaryLayerData 4)"));
+    QCOMPARE(log.take(), QStringList("boundary_layer_added(boundary_layer 4)"));
 }
 
 void tst_TreeMeshModel::boundaryLayerOfAKnownIdIsGivenBackSilently()
@@ -169,9 +168,8 @@ void tst_TreeMeshModel::removedBoundaryLayerIsReadableInItsSignal()
     log.take();
     model->remove_boundary_layer(4);
     QCOMPARE(seen, "inner gone");
-    QCOMPARE(
-        log.take(), QStringList({"boundary_layer_removed(TreeBoundaryLayerData 4)",
-                        "TreeBoundaryLayerData 4: treedata_destroyed(TreeBoundaryLayerData 4)"}));
+    QCOMPARE(log.take(), QStringList({"boundary_layer_removed(boundary_layer 4)",
+                             "boundary_layer 4: treedata_destroyed(boundary_layer 4)"}));
 }
 
 void tst_TreeMeshModel::listsComeByAscendingId()
@@ -225,7 +223,7 @@ void tst_TreeMeshModel::newMeshDataStandsInTheModelWhenAnnounced()
     TreeMeshData* tets = model->add_mesh_data(TET, 12, &owner);
     QVERIFY(found);
     QCOMPARE(tets->element_count(), 12);
-    QCOMPARE(log.take(), QStringList("mesh_data_added(TreeMeshData 1, TreeData 3)"));
+    QCOMPARE(log.take(), QStringList("mesh_data_added(tet of TreeData 3, TreeData 3)"));
 }
 
 void tst_TreeMeshModel::anotherCountIsTheRecordsBusiness()
@@ -234,7 +232,7 @@ void tst_TreeMeshModel::anotherCountIsTheRecordsBusiness()
     TreeMeshData* tets = model->add_mesh_data(TET, 12, &owner);
     log.take();
     QCOMPARE(model->add_mesh_data(TET, 13, &owner), tets);
-    QCOMPARE(log.take(), QStringList("TreeMeshData 1: element_count_changed(13)"));
+    QCOMPARE(log.take(), QStringList("tet of TreeData 3: element_count_changed(13)"));
 }
 
 void tst_TreeMeshModel::sameCountIsSilent()
@@ -313,8 +311,8 @@ void tst_TreeMeshModel::removedMeshDataIsReadableInItsSignal()
     log.take();
     model->remove_mesh_data(TET, &owner);
     QCOMPARE(seen, "12 tet elements gone");
-    QCOMPARE(log.take(), QStringList({"mesh_data_removed(TreeMeshData 1, TreeData 3)",
-                             "TreeMeshData 1: treedata_destroyed(TreeMeshData 1)"}));
+    QCOMPARE(log.take(), QStringList({"mesh_data_removed(tet of TreeData 3, TreeData 3)",
+                             "tet of TreeData 3: treedata_destroyed(tet of TreeData 3)"}));
 }
 
 void tst_TreeMeshModel::ownerIsWatchedOnceForAllItsRecords()
@@ -370,10 +368,10 @@ void tst_TreeMeshModel::dyingOwnerTakesItsRecordsByAscendingType()
     owner.reset();
 
     QCOMPARE(log.take(), QStringList({"TreeData 3: treedata_destroyed(TreeData 3)",
-                             "mesh_data_removed(TreeMeshData 0, TreeData 3)",
-                             "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)",
-                             "mesh_data_removed(TreeMeshData 8, TreeData 3)",
-                             "TreeMeshData 8: treedata_destroyed(TreeMeshData 8)"}));
+                             "mesh_data_removed(hex of TreeData 3, TreeData 3)",
+                             "hex of TreeData 3: treedata_destroyed(hex of TreeData 3)",
+                             "mesh_data_removed(node of TreeData 3, TreeData 3)",
+                             "node of TreeData 3: treedata_destroyed(node of TreeData 3)"}));
     QCOMPARE(types(model->mesh_data()), "0 8");
 }
 
@@ -482,18 +480,16 @@ void tst_TreeMeshModel::eachClearingAnnouncesItselfFirstAndNothingElse()
 
     model->clear_mesh_data();
     QCOMPARE(log.take(), QStringList({"about_to_clear_mesh_data()",
-                             "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)",
-                             "TreeMeshData 8: treedata_destroyed(TreeMeshData 8)"}));
+                             "hex of TreeData 3: treedata_destroyed(hex of TreeData 3)",
+                             "node of TreeData 3: treedata_destroyed(node of TreeData 3)"}));
     model->clear_sizing_sources();
-    QCOMPARE(
-        log.take(), QStringList({"about_to_clear_sizing_sources()",
-                        "TreeSizingSourceData 1: treedata_destroyed(TreeSizingSourceData 1)",
-                        "TreeSizingSourceData 2: treedata_destroyed(TreeSizingSourceData 2)"}));
+    QCOMPARE(log.take(), QStringList({"about_to_clear_sizing_sources()",
+                             "sizing_source 1: treedata_destroyed(sizing_source 1)",
+                             "sizing_source 2: treedata_destroyed(sizing_source 2)"}));
     model->clear_boundary_layers();
-    QCOMPARE(
-        log.take(), QStringList({"about_to_clear_boundary_layers()",
-                        "TreeBoundaryLayerData 1: treedata_destroyed(TreeBoundaryLayerData 1)",
-                        "TreeBoundaryLayerData 2: treedata_destroyed(TreeBoundaryLayerData 2)"}));
+    QCOMPARE(log.take(), QStringList({"about_to_clear_boundary_layers()",
+                             "boundary_layer 1: treedata_destroyed(boundary_layer 1)",
+                             "boundary_layer 2: treedata_destroyed(boundary_layer 2)"}));
     QVERIFY(model->mesh_data().empty());
     QVERIFY(model->sizing_sources().empty());
     QVERIFY(model->boundary_layers().empty());
@@ -602,9 +598,9 @@ void tst_TreeMeshModel::destructorClears()
     model->add_mesh_data(HEX, 1, &owner);
     log.take();
     model.reset();
-    QCOMPARE(log.take(),
-        QStringList({"about_to_clear_boundary_layers()", "about_to_clear_sizing_sources()",
-            "about_to_clear_mesh_data()", "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)"}));
+    QCOMPARE(log.take(), QStringList({"about_to_clear_boundary_layers()",
+                             "about_to_clear_sizing_sources()", "about_to_clear_mesh_data()",
+                             "hex of TreeData 3: treedata_destroyed(hex of TreeData 3)"}));
 }
 
 QTEST_GUILESS_MAIN(tst_TreeMeshModel)

@@ -39,7 +39,7 @@ void tst_TreeGroupData::nameOfTheStartIsTheOwnName()
     group.set_name("inner parts");
     group.set_id(4);
 
-    QCOMPARE(log.take(), QStringList("TreeGroupData 4: id_changed(4)"));
+    QCOMPARE(log.take(), QStringList("group 4: id_changed(4)"));
 }
 
 void tst_TreeGroupData::namesAndIdsAreAnnouncedAsOfAnyRecord()
@@ -55,10 +55,9 @@ void tst_TreeGroupData::namesAndIdsAreAnnouncedAsOfAnyRecord()
     group.set_name("");
     group.set_id(5);
 
-    QCOMPARE(log.take(),
-        QStringList({"TreeGroupData 3: name_changed(a)", "TreeGroupData 3: name_changed(A)",
-            "TreeGroupData 3: name_changed()", "TreeGroupData 5: id_changed(5)",
-            "TreeGroupData 5: name_changed(Entity 5)"}));
+    QCOMPARE(log.take(), QStringList({"group 3: name_changed(a)", "group 3: name_changed(A)",
+                             "group 3: name_changed()", "group 5: id_changed(5)",
+                             "group 5: name_changed(Entity 5)"}));
 }
 
 void tst_TreeGroupData::pointerTypeIsKnownToTheMetaTypeSystem()

@@ -96,8 +96,8 @@ void tst_TreeMeshData::countIsAnnouncedAlsoWhenItStays()
     hexes.set_element_count(5);
     hexes.set_element_count(6);
 
-    QCOMPARE(log.take(), QStringList({"TreeMeshData 0: element_count_changed(5)",
-                             "TreeMeshData 0: element_count_changed(6)"}));
+    QCOMPARE(log.take(),
+        QStringList({"hex: element_count_changed(5)", "hex: element_count_changed(6)"}));
     QVERIFY2(hexes.name() == "6 hex elements", "receivers read the new name by themselves");
 }
 
@@ -131,8 +131,8 @@ void tst_TreeMeshData::sizingSourceKeepsTheNumberItStartedWith()
 
     QCOMPARE(source.id(), 9);
     QCOMPARE(source.name(), "Sizing Source 4");
-    QCOMPARE(log.take(), QStringList({"TreeSizingSourceData 9: id_changed(9)",
-                             "TreeSizingSourceData 9: name_changed(Sizing Source 4)"}));
+    QCOMPARE(log.take(), QStringList({"sizing_source 9: id_changed(9)",
+                             "sizing_source 9: name_changed(Sizing Source 4)"}));
 }
 
 void tst_TreeMeshData::boundaryLayersWithoutNameLookAlike()
