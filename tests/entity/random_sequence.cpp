@@ -55,6 +55,8 @@ const std::vector<QString>& names()
         QString(QChar(0xFFFD)),
         QString::fromUtf8("\xF0\x9F\x98\x80"),
         QString::fromUtf8("\xC3\xA4"),
+        QString::fromUtf8("\xE4\xBD\x93 2"),
+        QString::fromUtf8("\xE9\x9D\xA2 1"),
         "abc",
         "abcd",
         "abcdefgh",

@@ -81,8 +81,8 @@ void random_test::modelAgreesWithReference_data()
     QTest::addColumn<int>("steps");
 
     QTest::newRow("alone") << Attach([](RandomSequence&) {}) << 800 << 40;
-    QTest::newRow("long") << Attach([](RandomSequence&) {}) << 10 << 500;
-    QTest::newRow("crowded") << Attach(crowd) << 4 << 25;
+    QTest::newRow("long") << Attach([](RandomSequence&) {}) << 4 << 500;
+    QTest::newRow("crowded") << Attach(crowd) << 3 << 20;
     QTest::newRow("persistent indexes") << Attach(attach_persistent_indexes) << 300 << 40;
     QTest::newRow("view") << Attach(attach_view) << 300 << 40;
     QTest::newRow("proxies") << Attach(attach_proxies) << 300 << 40;
