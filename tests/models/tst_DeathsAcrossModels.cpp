@@ -172,9 +172,9 @@ void tst_DeathsAcrossModels::removedGroupTakesTheMeshRecordsThatAreItsMembers()
 
     QCOMPARE(log.take(), QStringList({"group_removed(TreeGroupData 1)",
                              "TreeGroupData 1: treedata_destroyed(TreeGroupData 1)",
-                             "mesh_data_removed(TreeMeshData 0, TreeData 1)",
+                             "mesh_data_removed(TreeMeshData 0, TreeGroupData 1)",
                              "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)",
-                             "mesh_data_removed(TreeMeshData 8, TreeData 1)",
+                             "mesh_data_removed(TreeMeshData 8, TreeGroupData 1)",
                              "TreeMeshData 8: treedata_destroyed(TreeMeshData 8)"}));
     QVERIFY2(memberships == 0, "the group's links go before its mesh records");
     QVERIFY(mesh->mesh_data().empty());
@@ -200,10 +200,10 @@ void tst_DeathsAcrossModels::clearedGroupsTakeTheirMeshRecords()
     groups->clear();
     QCOMPARE(log.take(),
         QStringList({"about_to_clear()", "TreeGroupData 1: treedata_destroyed(TreeGroupData 1)",
-            "mesh_data_removed(TreeMeshData 8, TreeData 1)",
+            "mesh_data_removed(TreeMeshData 8, TreeGroupData 1)",
             "TreeMeshData 8: treedata_destroyed(TreeMeshData 8)",
             "TreeGroupData 2: treedata_destroyed(TreeGroupData 2)",
-            "mesh_data_removed(TreeMeshData 0, TreeData 2)",
+            "mesh_data_removed(TreeMeshData 0, TreeGroupData 2)",
             "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)"}));
     QVERIFY(mesh->mesh_data().empty());
 }
@@ -217,7 +217,7 @@ void tst_DeathsAcrossModels::ownerThatIsItsOwnMemberGoesCleanly()
     groups->remove_group(1);
     QCOMPARE(log.take(), QStringList({"group_removed(TreeGroupData 1)",
                              "TreeGroupData 1: treedata_destroyed(TreeGroupData 1)",
-                             "mesh_data_removed(TreeMeshData 0, TreeData 1)",
+                             "mesh_data_removed(TreeMeshData 0, TreeGroupData 1)",
                              "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)"}));
     QVERIFY(groups->groups().empty());
 }
@@ -249,7 +249,7 @@ void tst_DeathsAcrossModels::geometryMayBeMemberAndOwner()
     geometry->remove_geometry(SURFACE, 5);
     QCOMPARE(log.take(),
         QStringList({"geometry_removed(surface 5)", "surface 5: treedata_destroyed(surface 5)",
-            "mesh_data_removed(TreeMeshData 0, TreeData 5)",
+            "mesh_data_removed(TreeMeshData 0, surface 5)",
             "TreeMeshData 0: treedata_destroyed(TreeMeshData 0)"}));
     QVERIFY(groups->find_group_children(lid).empty());
     QVERIFY(mesh->mesh_data().empty());
