@@ -428,7 +428,7 @@ void tst_TreeModel::destructionTellsOfTheClearThenDeletesFromTheTop()
     mirror.reset();
     EventLog log;
     RecordingKernel kernel(log);
-    SignalRecorder recorder(log, SignalRecorder::ByKind);
+    SignalRecorder recorder(log);
     kernel.entities = {{"body", {2, 1}}, {"curve", {3}}};
     auto model = std::make_unique<TreeModel>();
     recorder.watch(model.get());
@@ -449,7 +449,7 @@ void tst_TreeModel::destructionGoesThroughTheModelsInOrder()
     mirror.reset();
     EventLog log;
     RecordingKernel kernel(log);
-    SignalRecorder recorder(log, SignalRecorder::ByKind);
+    SignalRecorder recorder(log);
     kernel.entities = {{"surface", {4}}};
     kernel.groups = {{"", 3}};
     kernel.group_contents = {{3, {{{{}, {}, {}, {4}, {}, {}}}, {1, 0, 1, 0, 0, 0, 0, 0, 0}}}};

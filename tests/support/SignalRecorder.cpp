@@ -2,7 +2,6 @@
 
 #include <QVariant>
 #include <support/RecordText.hpp>
-#include <treemodel/treedata/TreeGeometryData.hpp>
 #include <treemodel/treedata/TreeMeshData.hpp>
 
 namespace {
@@ -11,9 +10,8 @@ constexpr QLatin1String mesh_owner(" of ");
 
 } // namespace
 
-SignalRecorder::SignalRecorder(EventLog& log, Naming naming)
+SignalRecorder::SignalRecorder(EventLog& log)
     : m_log(log)
-    , m_naming(naming)
 {
 }
 
@@ -50,7 +48,7 @@ int SignalRecorder::qt_metacall(QMetaObject::Call call, int id, void** arguments
 
 void SignalRecorder::record(const Connection& connection, void** arguments)
 {
-    if (m_naming == ByKind && connection.signal.name() == "mesh_data_added") {
+    if (connection.signal.name() == "mesh_data_added") {
         name_mesh_record(
             *static_cast<TreeMeshData**>(arguments[1]), *static_cast<TreeData**>(arguments[2]));
     }
@@ -89,7 +87,7 @@ QString SignalRecorder::name_of(QObject* object)
     }
     watch(record);
     QString& known = m_watched[record];
-    const QString text = text_of_record(record);
+    const QString text = record_text(record);
     const QLatin1String dying("TreeData ");
     const bool tells_less = text.startsWith(dying) || known.startsWith(text + mesh_owner);
     if (known.isEmpty() || !tells_less) {
@@ -102,13 +100,4 @@ void SignalRecorder::name_mesh_record(TreeMeshData* record, TreeData* owner)
 {
     watch(record);
     m_watched[record] = record_text(record) + mesh_owner + name_of(owner);
-}
-
-QString SignalRecorder::text_of_record(TreeData* record) const
-{
-    if (m_naming == ByKind || qobject_cast<TreeGeometryData*>(record)) {
-        return record_text(record);
-    }
-    return QLatin1String(record->metaObject()->className()) + QLatin1Char(' ') +
-           QString::number(record->id());
 }

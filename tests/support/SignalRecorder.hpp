@@ -11,16 +11,13 @@ class TreeMeshData;
 
 /// Writes every signal of the objects that it watches into an EventLog, with its
 /// arguments: `geometry_added(surface 5, volume 2)`, or for a record
-/// `surface 5: name_changed(Lid)`. By kind, a mesh record is told by its owner:
-/// `hex of group 3`; by class, all but geometry bear the name of theirs: `TreeGroupData 3`.
+/// `surface 5: name_changed(Lid)`. A mesh record is told by its owner: `hex of group 3`.
 ///
 /// Records that a watched signal speaks of are watched from then on.
 class SignalRecorder : public QObject
 {
 public:
-    enum Naming { ByClass, ByKind };
-
-    explicit SignalRecorder(EventLog& log, Naming naming = ByClass);
+    explicit SignalRecorder(EventLog& log);
     ~SignalRecorder() override;
 
     /// Watches all signals that the object's own class and its bases declare,
@@ -41,10 +38,7 @@ private:
     QString name_of(QObject* object);
     void name_mesh_record(TreeMeshData* record, TreeData* owner);
 
-    QString text_of_record(TreeData* record) const;
-
     EventLog& m_log;
-    Naming m_naming;
     std::vector<Connection> m_connections;
     // The last known text of each record: a dying one is no more than a TreeData.
     QHash<QObject*, QString> m_watched;

@@ -22,7 +22,7 @@ struct WatchedMirror
 
     EventLog log;
     RecordingKernel kernel{log};
-    SignalRecorder recorder{log, SignalRecorder::ByKind};
+    SignalRecorder recorder{log};
     TreeModel model;
 };
 
