@@ -89,7 +89,8 @@ QString SignalRecorder::name_of(QObject* object)
     QString& known = m_watched[record];
     const QString text = record_text(record);
     const QLatin1String dying("TreeData ");
-    const bool tells_less = text.startsWith(dying) || known.startsWith(text + mesh_owner);
+    const bool is_dying = text.startsWith(dying) && !known.startsWith(dying);
+    const bool tells_less = is_dying || known.startsWith(text + mesh_owner);
     if (known.isEmpty() || !tells_less) {
         known = text;
     }
