@@ -91,8 +91,8 @@ QString SignalRecorder::name_of(QObject* object)
     QString& known = m_watched[record];
     const QString text = text_of_record(record);
     const QLatin1String dying("TreeData ");
-    const bool tells_less = text.startsWith(dying) || known.startsWith(text + mesh_owner);
-    if (known.isEmpty() || !tells_less) {
+    const bool is_dying = text.startsWith(dying) && !known.startsWith(dying);
+    if (known.isEmpty() || !(is_dying || known.startsWith(text + mesh_owner))) {
         known = text;
     }
     return known;
