@@ -55,6 +55,7 @@ private Q_SLOTS:
 
 private:
     void each_kind();
+    void tell(Notification notification, int id) { (mirror->observer().*notification)(id); }
     QStringList refresh();
 
     std::unique_ptr<FullMirror> mirror;
@@ -91,16 +92,16 @@ void tst_mesh_link::createdRecordIsAddedAndNothingIsAsked()
 {
     QFETCH(int, kind);
     const QString word = kinds[kind].word;
-    (mirror->observer().*kinds[kind].created)(4);
+    tell(kinds[kind].created, 4);
     QCOMPARE(mirror->log.take(), QStringList(word + "_added(" + word + " 4)"));
 }
 
 void tst_mesh_link::secondCreationIsSilent()
 {
     QFETCH(int, kind);
-    (mirror->observer().*kinds[kind].created)(4);
+    tell(kinds[kind].created, 4);
     mirror->log.take();
-    (mirror->observer().*kinds[kind].created)(4);
+    tell(kinds[kind].created, 4);
     QCOMPARE(mirror->log.take(), QStringList());
 }
 
@@ -108,9 +109,9 @@ void tst_mesh_link::deletedRecordGoesAndNothingIsAsked()
 {
     QFETCH(int, kind);
     const QString word = kinds[kind].word;
-    (mirror->observer().*kinds[kind].created)(4);
+    tell(kinds[kind].created, 4);
     mirror->log.take();
-    (mirror->observer().*kinds[kind].deleted)(4);
+    tell(kinds[kind].deleted, 4);
     QCOMPARE(mirror->log.take(), QStringList({word + "_removed(" + word + " 4)",
                                      QString("%1 4: treedata_destroyed(%1 4)").arg(word)}));
 }
@@ -118,9 +119,9 @@ void tst_mesh_link::deletedRecordGoesAndNothingIsAsked()
 void tst_mesh_link::deletionOfAnUnknownIdIsSilent()
 {
     QFETCH(int, kind);
-    (mirror->observer().*kinds[1 - kind].created)(4);
+    tell(kinds[1 - kind].created, 4);
     mirror->log.take();
-    (mirror->observer().*kinds[kind].deleted)(4);
+    tell(kinds[kind].deleted, 4);
     QCOMPARE(mirror->log.take(), QStringList());
 }
 
