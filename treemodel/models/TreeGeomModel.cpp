@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory>
+#include <QScopeGuard>
 #include <treemodel/treedata/RecordDeaths.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 #include <utility>
@@ -55,6 +56,8 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
         return;
     }
     if (const auto record = std::unique_ptr<TreeGeometryData>(records->take(id))) {
+        // The links, and those that receivers make meanwhile.
+        const auto unlink = qScopeGuard([&] { clear_associations(record.get()); });
         clear_associations(record.get());
         Q_EMIT geometry_removed(record.get());
     }
@@ -116,6 +119,7 @@ void TreeGeomModel::clear()
     for (RecordMap* records :
         {&m_body_map, &m_volume_map, &m_surface_map, &m_curve_map, &m_vertex_map}) {
         for (TreeGeometryData* record : std::exchange(*records, {}).values()) {
+            clear_associations(record);
             delete record;
         }
     }

@@ -1,5 +1,6 @@
 #include <treemodel/models/TreeGroupModel.hpp>
 
+#include <QScopeGuard>
 #include <treemodel/models/DeathWatch.hpp>
 #include <treemodel/models/RecordMaps.hpp>
 
@@ -71,6 +72,8 @@ TreeGroupData* TreeGroupModel::add_group(const QString& name, int id)
 void TreeGroupModel::remove_group(int id)
 {
     if (const auto group = take_record(m_group_map, id)) {
+        // The members, and those that receivers add meanwhile.
+        const auto unlink = qScopeGuard([&] { clear_associations(group.get()); });
         clear_associations(group.get());
         Q_EMIT group_removed(group.get());
     }
@@ -123,7 +126,7 @@ void TreeGroupModel::clear()
         unwatch(child);
     }
     m_child_groups_map.clear();
-    delete_records(m_group_map);
+    delete_records(m_group_map, [this](TreeGroupData* group) { clear_associations(group); });
 }
 
 // The child is no more than a key here: of the record only its TreeData is left.

@@ -1,5 +1,6 @@
 #include <treemodel/models/TreeSimModel.hpp>
 
+#include <QScopeGuard>
 #include <treemodel/models/RecordMaps.hpp>
 
 namespace {
@@ -36,6 +37,8 @@ TreeExodusData* TreeSimModel::add_exodus(TreeExodusData::ExodusType type, int id
 void TreeSimModel::remove_exodus(TreeExodusData::ExodusType type, int id)
 {
     if (const auto exodus = take_record(exodus_map_from_type(type), id)) {
+        // The links, and those that receivers make meanwhile.
+        const auto unlink = qScopeGuard([&] { clear_associations(exodus.get()); });
         clear_associations(exodus.get());
         Q_EMIT exodus_entity_removed(exodus.get());
     }
@@ -57,7 +60,7 @@ void TreeSimModel::clear_exodus()
     m_bc_exodus_map.clear();
     m_exodus_bc_map.clear();
     for (ExodusMap& exodus_map : m_exodus_maps) {
-        delete_records(exodus_map);
+        delete_linked_records(exodus_map);
     }
 }
 
@@ -69,6 +72,8 @@ TreeFeaBCData* TreeSimModel::add_fea_bc(TreeFeaBCData::FEAType type, int id)
 void TreeSimModel::remove_fea_bc(TreeFeaBCData::FEAType type, int id)
 {
     if (const auto bc = take_record(fea_map_from_type(type), id)) {
+        // The links, and those that receivers make meanwhile.
+        const auto unlink = qScopeGuard([&] { clear_associations(bc.get()); });
         clear_associations(bc.get());
         Q_EMIT fea_bc_removed(bc.get());
     }
@@ -93,7 +98,7 @@ void TreeSimModel::clear_fea()
 {
     Q_EMIT about_to_clear_fea();
     for (FeaMap& fea_map : m_fea_maps) {
-        delete_bcs(fea_map);
+        delete_linked_records(fea_map);
     }
 }
 
@@ -106,10 +111,10 @@ void TreeSimModel::remove_cfd_bc(int id)
 {
     if (auto bc = take_record(m_cfd_map, id)) {
         clear_associations(bc.get());
-        Q_EMIT cfd_bc_removed(bc.get());
-        // The record can still be written to, and linked, until the event loop deletes it.
+        // It can still be written to, and linked, until it dies.
         connect(
             bc.get(), &TreeData::treedata_destroyed, this, &TreeSimModel::clear_bc_associations);
+        Q_EMIT cfd_bc_removed(bc.get());
         bc.release()->deleteLater();
     }
 }
@@ -138,7 +143,7 @@ std::vector<TreeCfdBCData*> TreeSimModel::cfd_bcs(TreeCfdBCData::CFDType type)
 void TreeSimModel::clear_cfd()
 {
     Q_EMIT about_to_clear_cfd();
-    delete_bcs(m_cfd_map);
+    delete_linked_records(m_cfd_map);
 }
 
 TreeMaterialData* TreeSimModel::add_material(int id, bool is_cfd)
@@ -281,11 +286,8 @@ void TreeSimModel::clear_bc_associations(TreeData* bc)
     m_bc_exodus_map.erase(bc);
 }
 
-template <typename BoundaryCondition>
-void TreeSimModel::delete_bcs(std::map<int, BoundaryCondition*>& bcs)
+template <typename Record>
+void TreeSimModel::delete_linked_records(std::map<int, Record*>& records)
 {
-    for (const auto& [id, bc] : std::exchange(bcs, {})) {
-        clear_associations(bc);
-        delete bc;
-    }
+    delete_records(records, [this](Record* record) { clear_associations(record); });
 }
