@@ -34,16 +34,22 @@ private Q_SLOTS:
     void removedGeometryKeepsNoLink();
     void removedGeometryKeepsNoLinkIfAReceiverThrows();
     void clearedGeometryKeepsNoLink();
+    void dyingGeometryIsNotLinked();
 
     void removedGroupKeepsNoMember();
     void removedGroupKeepsNoMemberIfAReceiverThrows();
     void clearedGroupKeepsNoMember();
+    void dyingGroupGetsNoMember();
+    void dyingMemberJoinsNoGroup();
 
     void removedExodusEntityKeepsNoCondition();
     void removedFeaConditionKeepsNoEntity();
     void removedConditionKeepsNoEntityIfAReceiverThrows();
     void clearedExodusEntityKeepsNoCondition();
     void clearedConditionsKeepNoEntity();
+    void dyingSimulationRecordsAreNotLinked();
+
+    void dyingOwnerGetsNoMeshRecord();
 
 private:
     // Calls `action` when the record dies, after the models have heard of it.
@@ -126,6 +132,23 @@ void tst_LinksOfDyingRecords::clearedGeometryKeepsNoLink()
     QVERIFY(geometry->find_geometry_children(geometry->find_geometry(BODY, 7)).empty());
 }
 
+void tst_LinksOfDyingRecords::dyingGeometryIsNotLinked()
+{
+    TreeGeometryData* body = geometry->add_geometry(BODY, 1, nullptr);
+    TreeGeometryData* surface = geometry->add_geometry(SURFACE, 3, nullptr);
+    TreeGeometryData* volume = geometry->add_geometry(VOLUME, 2, nullptr);
+    int links = 0;
+    connect(geometry.get(), &TreeGeomModel::association_added, receiver.get(), [&] { ++links; });
+    at_death_of(volume, [&] {
+        geometry->associate_geometry(body, volume);
+        geometry->associate_geometry(volume, surface);
+    });
+    geometry->remove_geometry(VOLUME, 2);
+    QVERIFY(geometry->find_geometry_children(body).empty());
+    QVERIFY(geometry->find_geometry_parents(surface).empty());
+    QCOMPARE(links, 0);
+}
+
 void tst_LinksOfDyingRecords::removedGroupKeepsNoMember()
 {
     TreeGeometryData* surface = geometry->add_geometry(SURFACE, 3, nullptr);
@@ -164,6 +187,27 @@ void tst_LinksOfDyingRecords::clearedGroupKeepsNoMember()
     at_death_of(lid, [&] { groups->add_group_child(rim, surface); });
     groups->clear();
     QVERIFY(groups->find_groups_for_child(surface).empty());
+}
+
+void tst_LinksOfDyingRecords::dyingGroupGetsNoMember()
+{
+    TreeGeometryData* surface = geometry->add_geometry(SURFACE, 3, nullptr);
+    TreeGroupData* lid = groups->add_group("lid", 1);
+    at_death_of(lid, [&] { groups->add_group_child(lid, surface); });
+    groups->remove_group(1);
+    QVERIFY(groups->find_groups_for_child(surface).empty());
+}
+
+void tst_LinksOfDyingRecords::dyingMemberJoinsNoGroup()
+{
+    TreeGeometryData* surface = geometry->add_geometry(SURFACE, 3, nullptr);
+    TreeGroupData* lid = groups->add_group("lid", 1);
+    int joined = 0;
+    connect(groups.get(), &TreeGroupModel::group_child_added, receiver.get(), [&] { ++joined; });
+    at_death_of(surface, [&] { groups->add_group_child(lid, surface); });
+    geometry->remove_geometry(SURFACE, 3);
+    QVERIFY(groups->find_group_children(lid).empty());
+    QCOMPARE(joined, 0);
 }
 
 void tst_LinksOfDyingRecords::removedExodusEntityKeepsNoCondition()
@@ -231,6 +275,36 @@ void tst_LinksOfDyingRecords::clearedConditionsKeepNoEntity()
     simulation->clear_cfd();
     QVERIFY(simulation->find_fea_from_exodus(sideset).empty());
     QVERIFY(simulation->find_cfd_from_exodus(sideset).empty());
+}
+
+void tst_LinksOfDyingRecords::dyingSimulationRecordsAreNotLinked()
+{
+    TreeExodusData* sideset = simulation->add_exodus(SIDESET, 2);
+    TreeExodusData* block = simulation->add_exodus(BLOCK, 2);
+    TreeFeaBCData* force = simulation->add_fea_bc(FORCE, 1);
+    TreeFeaBCData* pressure = simulation->add_fea_bc(PRESSURE, 1);
+    TreeCfdBCData* wall = simulation->add_cfd_bc(WALL, 1);
+    at_death_of(block, [&] { simulation->fea_add_exodus(pressure, block); });
+    at_death_of(force, [&] { simulation->fea_add_exodus(force, sideset); });
+    at_death_of(wall, [&] { simulation->cfd_add_exodus(wall, sideset); });
+    simulation->remove_exodus(BLOCK, 2);
+    simulation->remove_fea_bc(FORCE, 1);
+    simulation->remove_cfd_bc(1);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(simulation->find_exodus_from_fea(pressure).empty());
+    QVERIFY(simulation->find_fea_from_exodus(sideset).empty());
+    QVERIFY(simulation->find_cfd_from_exodus(sideset).empty());
+}
+
+void tst_LinksOfDyingRecords::dyingOwnerGetsNoMeshRecord()
+{
+    TreeGroupData* lid = groups->add_group("lid", 1);
+    mesh->add_mesh_data(HEX, 1, lid);
+    TreeMeshData* given = nullptr;
+    at_death_of(lid, [&] { given = mesh->add_mesh_data(NODE, 1, lid); });
+    groups->remove_group(1);
+    QCOMPARE(given, nullptr);
+    QVERIFY(mesh->mesh_data().empty());
 }
 
 QTEST_GUILESS_MAIN(tst_LinksOfDyingRecords)

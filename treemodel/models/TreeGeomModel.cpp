@@ -135,7 +135,7 @@ TreeGeomModel::RecordMap* TreeGeomModel::map_of(TreeGeometryData::GeometryType t
 
 bool TreeGeomModel::do_association(TreeGeometryData* parent, TreeGeometryData* child)
 {
-    if (!parent || !child) {
+    if (!RecordDeaths::is_alive(parent) || !RecordDeaths::is_alive(child)) {
         return false;
     }
     const bool child_is_new = m_children_map.insert(parent, child);

@@ -3,6 +3,7 @@
 #include <QScopeGuard>
 #include <treemodel/models/DeathWatch.hpp>
 #include <treemodel/models/RecordMaps.hpp>
+#include <treemodel/treedata/RecordDeaths.hpp>
 
 namespace {
 
@@ -96,7 +97,7 @@ std::vector<TreeGroupData*> TreeGroupModel::groups()
 
 void TreeGroupModel::add_group_child(TreeGroupData* group, TreeData* child)
 {
-    if (group && child && associate_group(group, child)) {
+    if (associate_group(group, child)) {
         Q_EMIT group_child_added(group, child);
     }
 }
@@ -139,6 +140,9 @@ void TreeGroupModel::group_child_destroyed(TreeData* child)
 
 bool TreeGroupModel::associate_group(TreeGroupData* group, TreeData* child)
 {
+    if (!RecordDeaths::is_alive(group) || !RecordDeaths::is_alive(child)) {
+        return false;
+    }
     const bool child_is_new = m_group_children_map[group].insert(child).second;
     const auto [entry, is_first_group] = m_child_groups_map.try_emplace(child);
     const bool group_is_new = entry->second.insert(group).second;

@@ -2,6 +2,7 @@
 
 #include <treemodel/models/DeathWatch.hpp>
 #include <treemodel/models/RecordMaps.hpp>
+#include <treemodel/treedata/RecordDeaths.hpp>
 
 namespace {
 
@@ -68,7 +69,7 @@ std::vector<TreeBoundaryLayerData*> TreeMeshModel::boundary_layers()
 TreeMeshData* TreeMeshModel::add_mesh_data(
     TreeMeshData::MeshType type, int element_count, TreeData* owner)
 {
-    if (!owner) {
+    if (!RecordDeaths::is_alive(owner)) {
         return nullptr;
     }
     const quint64 deaths = RecordDeaths::count();

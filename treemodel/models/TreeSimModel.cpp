@@ -2,6 +2,7 @@
 
 #include <QScopeGuard>
 #include <treemodel/models/RecordMaps.hpp>
+#include <treemodel/treedata/RecordDeaths.hpp>
 
 namespace {
 
@@ -182,7 +183,7 @@ void TreeSimModel::clear_material()
 
 void TreeSimModel::fea_add_exodus(TreeFeaBCData* bc, TreeExodusData* exodus)
 {
-    if (bc && exodus && associate_bc(bc, exodus)) {
+    if (associate_bc(bc, exodus)) {
         Q_EMIT exodus_added_to_fea(bc, exodus);
     }
 }
@@ -196,7 +197,7 @@ void TreeSimModel::fea_remove_exodus(TreeFeaBCData* bc, TreeExodusData* exodus)
 
 void TreeSimModel::cfd_add_exodus(TreeCfdBCData* bc, TreeExodusData* exodus)
 {
-    if (bc && exodus && associate_bc(bc, exodus)) {
+    if (associate_bc(bc, exodus)) {
         Q_EMIT exodus_added_to_cfd(bc, exodus);
     }
 }
@@ -248,6 +249,9 @@ TreeSimModel::FeaMap& TreeSimModel::fea_map_from_type(TreeFeaBCData::FEAType typ
 
 bool TreeSimModel::associate_bc(TreeData* bc, TreeExodusData* exodus)
 {
+    if (!RecordDeaths::is_alive(bc) || !RecordDeaths::is_alive(exodus)) {
+        return false;
+    }
     const bool exodus_is_new = m_bc_exodus_map.insert(bc, exodus);
     const bool bc_is_new = m_exodus_bc_map.insert(exodus, bc);
     return exodus_is_new || bc_is_new;
