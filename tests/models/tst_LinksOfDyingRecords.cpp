@@ -50,6 +50,7 @@ private Q_SLOTS:
     void dyingSimulationRecordsAreNotLinked();
 
     void dyingOwnerGetsNoMeshRecord();
+    void clearingOfMeshRecordsEnds();
 
 private:
     // Calls `action` when the record dies, after the models have heard of it.
@@ -305,6 +306,26 @@ void tst_LinksOfDyingRecords::dyingOwnerGetsNoMeshRecord()
     groups->remove_group(1);
     QCOMPARE(given, nullptr);
     QVERIFY(mesh->mesh_data().empty());
+}
+
+// A receiver that puts back each record that goes must not keep the model busy for ever.
+void tst_LinksOfDyingRecords::clearingOfMeshRecordsEnds()
+{
+    TreeGroupData* lid = groups->add_group("lid", 1);
+    int put_back = 0;
+    connect(mesh.get(), &TreeMeshModel::mesh_data_added, receiver.get(), [&](TreeMeshData* record) {
+        at_death_of(record, [&] {
+            if (++put_back < 100) {
+                mesh->add_mesh_data(HEX, 1, lid);
+            }
+        });
+    });
+    mesh->add_mesh_data(HEX, 1, lid);
+    mesh->clear_mesh_data();
+    QCOMPARE(put_back, 1);
+    QCOMPARE(mesh->mesh_data(lid).size(), 1U);
+    groups->remove_group(1);
+    QVERIFY2(mesh->mesh_data().empty(), "the owner of the record put back is watched");
 }
 
 QTEST_GUILESS_MAIN(tst_LinksOfDyingRecords)
