@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <QObject>
+#include <QtAlgorithms>
 #include <treemodel/treedata/RecordDeaths.hpp>
 #include <utility>
 #include <vector>
@@ -77,6 +78,14 @@ void change_record_id(RecordMap<Record>& records, int old_id, int new_id, QObjec
         displaced->setParent(model);
     }
     record->set_id(new_id);
+}
+
+/// Deletes the records that change_record_id() displaced, while `model` is still whole for
+/// those that are told of their deaths.
+inline void delete_displaced_records(QObject* model)
+{
+    const QObjectList displaced = model->children();
+    qDeleteAll(displaced);
 }
 
 /// Deletes the records by ascending id, each after `unlink(record)`. The map is empty before

@@ -56,6 +56,7 @@ TreeGroupModel::TreeGroupModel() = default;
 TreeGroupModel::~TreeGroupModel()
 {
     clear();
+    delete_displaced_records(this);
 }
 
 TreeGroupData* TreeGroupModel::add_group(const QString& name, int id)

@@ -27,6 +27,7 @@ TreeSimModel::TreeSimModel() = default;
 TreeSimModel::~TreeSimModel()
 {
     clear();
+    delete_displaced_records(this);
 }
 
 TreeExodusData* TreeSimModel::add_exodus(TreeExodusData::ExodusType type, int id)
