@@ -35,6 +35,7 @@ private Q_SLOTS:
     void removedGeometryKeepsNoLinkIfAReceiverThrows();
     void clearedGeometryKeepsNoLink();
     void dyingGeometryIsNotLinked();
+    void dyingGeometryGetsNoNewChild();
 
     void removedGroupKeepsNoMember();
     void removedGroupKeepsNoMemberIfAReceiverThrows();
@@ -148,6 +149,18 @@ void tst_LinksOfDyingRecords::dyingGeometryIsNotLinked()
     QVERIFY(geometry->find_geometry_children(body).empty());
     QVERIFY(geometry->find_geometry_parents(surface).empty());
     QCOMPARE(links, 0);
+}
+
+void tst_LinksOfDyingRecords::dyingGeometryGetsNoNewChild()
+{
+    TreeGeometryData* volume = geometry->add_geometry(VOLUME, 2, nullptr);
+    TreeGeometryData* told_parent = volume;
+    connect(geometry.get(), &TreeGeomModel::geometry_added, receiver.get(),
+        [&](TreeGeometryData*, TreeGeometryData* parent) { told_parent = parent; });
+    at_death_of(volume, [&] { geometry->add_geometry(SURFACE, 3, volume); });
+    geometry->remove_geometry(VOLUME, 2);
+    QVERIFY(geometry->find_geometry_parents(geometry->find_geometry(SURFACE, 3)).empty());
+    QCOMPARE(told_parent, nullptr);
 }
 
 void tst_LinksOfDyingRecords::removedGroupKeepsNoMember()

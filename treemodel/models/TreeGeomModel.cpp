@@ -42,8 +42,8 @@ TreeGeometryData* TreeGeomModel::add_geometry(
         record = created.get();
         records->insert(id, record);
         created.release();
-        do_association(parent, record);
-        Q_EMIT geometry_added(record, parent);
+        const bool is_linked = do_association(parent, record);
+        Q_EMIT geometry_added(record, is_linked ? parent : nullptr);
     }
     // A receiver may have had the record removed.
     return deaths == RecordDeaths::count() ? record : find_geometry(type, id);
