@@ -83,6 +83,8 @@ private Q_SLOTS:
 
     void destructionTellsOfTheClearThenDeletesFromTheTop();
     void destructionGoesThroughTheModelsInOrder();
+    void modelAnswersThroughoutItsDestruction();
+    void refreshDuringTheDestructionIsHarmless();
     void outgoingConditionMayOutliveTheModel();
     void twoMirrorsOfOneKernelAreIndependent();
 
@@ -480,6 +482,64 @@ void tst_TreeModel::destructionGoesThroughTheModelsInOrder()
             "about_to_clear_exodus()", "sideset 5: treedata_destroyed(sideset 5)",
             "about_to_clear_fea()", "force 6: treedata_destroyed(force 6)", "about_to_clear_cfd()",
             "wall 7: treedata_destroyed(wall 7)", "about_to_clear_material()"}));
+}
+
+// What is still to go can be read, and what has gone is empty.
+void tst_TreeModel::modelAnswersThroughoutItsDestruction()
+{
+    mirror.reset();
+    EventLog log;
+    RecordingKernel kernel(log);
+    kernel.entities = {{"surface", {4}}};
+    kernel.groups = {{"", 3}};
+    kernel.group_contents = {{3, {{{{}, {}, {}, {4}, {}, {}}}, {1, 0, 0, 0, 0, 0, 0, 0, 0}}}};
+    kernel.sizing_sources = {1};
+    kernel.exodus_ids = {{"sideset", {5}}};
+    auto model = std::make_unique<TreeModel>();
+    model->refresh_model(false);
+    TreeGeometryData* surface = model->find_geometry(Type::SURFACE, 4);
+    QCOMPARE(model->find_groups_for_child(surface).size(), 1U);
+    QStringList seen;
+    const auto look = [&, queried = model.get()] {
+        seen << QStringLiteral("%1 groups, %2 around the surface, %3 mesh records, %4 sources, "
+                               "%5 surfaces, %6 sidesets")
+                    .arg(queried->groups().size())
+                    .arg(queried->find_groups_for_child(surface).size())
+                    .arg(queried->mesh_data().size())
+                    .arg(queried->sizing_sources().size())
+                    .arg(queried->geometry(Type::SURFACE).size())
+                    .arg(queried->exodus_entities(TreeExodusData::SIDESET).size());
+    };
+    connect(model.get(), &TreeModel::about_to_clear_groups, this, look);
+    connect(model.get(), &TreeModel::about_to_clear_sizing_sources, this, look);
+    connect(model.get(), &TreeModel::about_to_clear_geometry, this, look);
+    connect(model.get(), &TreeModel::about_to_clear_exodus, this, look);
+    connect(model.get(), &TreeModel::about_to_clear_material, this, look);
+
+    model.reset();
+
+    const QString row("%1 groups, %1 around the surface, %1 mesh records, %2 sources, "
+                      "%3 surfaces, %4 sidesets");
+    QCOMPARE(seen, QStringList({row.arg(1).arg(1).arg(1).arg(1), row.arg(0).arg(1).arg(1).arg(1),
+                       row.arg(0).arg(0).arg(1).arg(1), row.arg(0).arg(0).arg(0).arg(1),
+                       row.arg(0).arg(0).arg(0).arg(0)}));
+}
+
+void tst_TreeModel::refreshDuringTheDestructionIsHarmless()
+{
+    script_full_model(*mirror);
+    auto model = std::make_unique<TreeModel>();
+    model->refresh_model(false);
+    int refreshes = 0;
+    connect(model.get(), &TreeModel::about_to_clear_geometry, this,
+        [&refreshes, refreshed = model.get()] {
+            ++refreshes;
+            refreshed->refresh_model(false);
+        });
+
+    model.reset();
+
+    QCOMPARE(refreshes, 1);
 }
 
 void tst_TreeModel::outgoingConditionMayOutliveTheModel()

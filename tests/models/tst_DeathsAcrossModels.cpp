@@ -38,6 +38,7 @@ private Q_SLOTS:
     void geometryMayBeMemberAndOwner();
     void meshRecordsOfMeshRecordsGoInDepth();
     void displacedGroupTakesItsMeshRecordsWithItsModel();
+    void modelAnswersWhileItsDisplacedGroupsDie();
 
     void memberMayDieInTheSignalOfItsMembership();
     void groupMayDieInTheSignalOfItsMembership();
@@ -274,6 +275,24 @@ void tst_DeathsAcrossModels::displacedGroupTakesItsMeshRecordsWithItsModel()
     QCOMPARE(mesh->mesh_data(rim).size(), 1U);
     groups.reset();
     QVERIFY(mesh->mesh_data().empty());
+}
+
+void tst_DeathsAcrossModels::modelAnswersWhileItsDisplacedGroupsDie()
+{
+    recorder.reset();
+    groups->add_group("lid", 1);
+    TreeGroupData* rim = groups->add_group("rim", 2);
+    TreeMeshData* hexes = add_mesh_member(HEX, rim);
+    groups->change_group_id(1, 2);
+    std::vector<std::size_t> seen;
+    connect(
+        mesh.get(), &TreeMeshModel::mesh_data_removed, receiver.get(), [&, queried = groups.get()] {
+            seen.push_back(queried->groups().size());
+            seen.push_back(queried->find_groups_for_child(hexes).size());
+            seen.push_back(queried->find_group_children(rim).size());
+        });
+    groups.reset();
+    QCOMPARE(seen, (std::vector<std::size_t>{0, 0, 0}));
 }
 
 void tst_DeathsAcrossModels::memberMayDieInTheSignalOfItsMembership()

@@ -19,10 +19,21 @@ TreeModel::TreeModel()
 // observer, which points to all models, last.
 TreeModel::~TreeModel()
 {
-    delete m_group_model;
-    delete m_mesh_model;
-    delete m_geom_model;
-    delete m_sim_model;
+    // Answer in place of the models that have gone: the signals of those that are still
+    // to go reach receivers, which may query.
+    TreeGroupModel no_groups;
+    TreeMeshModel no_mesh;
+    TreeGeomModel no_geometry;
+    TreeSimModel no_simulation;
+    const auto replace = [this](auto*& model, auto* stand_in) {
+        delete model;
+        model = stand_in;
+        hand_models_to_observer();
+    };
+    replace(m_group_model, &no_groups);
+    replace(m_mesh_model, &no_mesh);
+    replace(m_geom_model, &no_geometry);
+    replace(m_sim_model, &no_simulation);
     delete m_observer;
 }
 
@@ -262,9 +273,14 @@ void TreeModel::create_group_model()
 void TreeModel::create_observer()
 {
     m_observer = new TreeKestoObserver(nullptr);
+    hand_models_to_observer();
+    connect(m_observer, &TreeKestoObserver::selection_changed, this, &TreeModel::selection_changed);
+}
+
+void TreeModel::hand_models_to_observer()
+{
     m_observer->set_geom_model(m_geom_model);
     m_observer->set_group_model(m_group_model);
     m_observer->set_mesh_model(m_mesh_model);
     m_observer->set_sim_model(m_sim_model);
-    connect(m_observer, &TreeKestoObserver::selection_changed, this, &TreeModel::selection_changed);
 }

@@ -38,7 +38,8 @@ class TREEMODEL_EXPORT TreeModel : public QObject
 public:
     TreeModel();
 
-    /// Deletes all records, `about_to_clear` signals included. Does not leave the
+    /// Deletes all records, `about_to_clear` signals included: groups, then mesh, geometry and
+    /// simulation. Receivers may query; what has gone is empty. Does not leave the
     /// kernel: call disconnect_from_kesto() before.
     ~TreeModel() override;
 
@@ -179,6 +180,7 @@ private:
     void create_mesh_model();
     void create_sim_model();
     void create_observer();
+    void hand_models_to_observer();
 
     TreeGeomModel* m_geom_model = nullptr;
     TreeGroupModel* m_group_model = nullptr;

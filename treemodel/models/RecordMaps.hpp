@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <QObject>
+#include <QtAlgorithms>
 #include <treemodel/treedata/RecordDeaths.hpp>
 #include <utility>
 #include <vector>
@@ -79,14 +80,30 @@ void change_record_id(RecordMap<Record>& records, int old_id, int new_id, QObjec
     record->set_id(new_id);
 }
 
-/// Deletes the records by ascending id. The map is empty before the first one dies,
-/// so that whoever is told of a death finds no record that is already gone.
+/// Deletes the records that change_record_id() displaced, while `model` is still whole for
+/// those that are told of their deaths.
+inline void delete_displaced_records(QObject* model)
+{
+    const QObjectList displaced = model->children();
+    qDeleteAll(displaced);
+}
+
+/// Deletes the records by ascending id, each after `unlink(record)`. The map is empty before
+/// the first one dies, so that whoever is told of a death finds no record that is already gone.
+template <typename Record, typename Unlink>
+void delete_records(RecordMap<Record>& records, Unlink unlink)
+{
+    for (const auto& [id, record] : std::exchange(records, {})) {
+        unlink(record);
+        delete record;
+    }
+}
+
+/// Deletes records that have no links.
 template <typename Record>
 void delete_records(RecordMap<Record>& records)
 {
-    for (const auto& [id, record] : std::exchange(records, {})) {
-        delete record;
-    }
+    delete_records(records, [](Record*) {});
 }
 
 /// By ascending id.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory>
+#include <QScopeGuard>
 #include <treemodel/treedata/RecordDeaths.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 #include <utility>
@@ -41,8 +42,8 @@ TreeGeometryData* TreeGeomModel::add_geometry(
         record = created.get();
         records->insert(id, record);
         created.release();
-        do_association(parent, record);
-        Q_EMIT geometry_added(record, parent);
+        const bool is_linked = do_association(parent, record);
+        Q_EMIT geometry_added(record, is_linked ? parent : nullptr);
     }
     // A receiver may have had the record removed.
     return deaths == RecordDeaths::count() ? record : find_geometry(type, id);
@@ -55,6 +56,8 @@ void TreeGeomModel::remove_geometry(TreeGeometryData::GeometryType type, int id)
         return;
     }
     if (const auto record = std::unique_ptr<TreeGeometryData>(records->take(id))) {
+        // The links, and those that receivers make meanwhile.
+        const auto unlink = qScopeGuard([&] { clear_associations(record.get()); });
         clear_associations(record.get());
         Q_EMIT geometry_removed(record.get());
     }
@@ -116,6 +119,7 @@ void TreeGeomModel::clear()
     for (RecordMap* records :
         {&m_body_map, &m_volume_map, &m_surface_map, &m_curve_map, &m_vertex_map}) {
         for (TreeGeometryData* record : std::exchange(*records, {}).values()) {
+            clear_associations(record);
             delete record;
         }
     }
@@ -131,7 +135,7 @@ TreeGeomModel::RecordMap* TreeGeomModel::map_of(TreeGeometryData::GeometryType t
 
 bool TreeGeomModel::do_association(TreeGeometryData* parent, TreeGeometryData* child)
 {
-    if (!parent || !child) {
+    if (!RecordDeaths::is_alive(parent) || !RecordDeaths::is_alive(child)) {
         return false;
     }
     const bool child_is_new = m_children_map.insert(parent, child);

@@ -1,7 +1,9 @@
 #include <treemodel/models/TreeGroupModel.hpp>
 
+#include <QScopeGuard>
 #include <treemodel/models/DeathWatch.hpp>
 #include <treemodel/models/RecordMaps.hpp>
+#include <treemodel/treedata/RecordDeaths.hpp>
 
 namespace {
 
@@ -54,6 +56,7 @@ TreeGroupModel::TreeGroupModel() = default;
 TreeGroupModel::~TreeGroupModel()
 {
     clear();
+    delete_displaced_records(this);
 }
 
 TreeGroupData* TreeGroupModel::add_group(const QString& name, int id)
@@ -71,6 +74,8 @@ TreeGroupData* TreeGroupModel::add_group(const QString& name, int id)
 void TreeGroupModel::remove_group(int id)
 {
     if (const auto group = take_record(m_group_map, id)) {
+        // The members, and those that receivers add meanwhile.
+        const auto unlink = qScopeGuard([&] { clear_associations(group.get()); });
         clear_associations(group.get());
         Q_EMIT group_removed(group.get());
     }
@@ -93,7 +98,7 @@ std::vector<TreeGroupData*> TreeGroupModel::groups()
 
 void TreeGroupModel::add_group_child(TreeGroupData* group, TreeData* child)
 {
-    if (group && child && associate_group(group, child)) {
+    if (associate_group(group, child)) {
         Q_EMIT group_child_added(group, child);
     }
 }
@@ -123,7 +128,7 @@ void TreeGroupModel::clear()
         unwatch(child);
     }
     m_child_groups_map.clear();
-    delete_records(m_group_map);
+    delete_records(m_group_map, [this](TreeGroupData* group) { clear_associations(group); });
 }
 
 // The child is no more than a key here: of the record only its TreeData is left.
@@ -136,6 +141,9 @@ void TreeGroupModel::group_child_destroyed(TreeData* child)
 
 bool TreeGroupModel::associate_group(TreeGroupData* group, TreeData* child)
 {
+    if (!RecordDeaths::is_alive(group) || !RecordDeaths::is_alive(child)) {
+        return false;
+    }
     const bool child_is_new = m_group_children_map[group].insert(child).second;
     const auto [entry, is_first_group] = m_child_groups_map.try_emplace(child);
     const bool group_is_new = entry->second.insert(group).second;

@@ -2,6 +2,7 @@
 
 #include <treemodel/models/DeathWatch.hpp>
 #include <treemodel/models/RecordMaps.hpp>
+#include <treemodel/treedata/RecordDeaths.hpp>
 
 namespace {
 
@@ -68,7 +69,7 @@ std::vector<TreeBoundaryLayerData*> TreeMeshModel::boundary_layers()
 TreeMeshData* TreeMeshModel::add_mesh_data(
     TreeMeshData::MeshType type, int element_count, TreeData* owner)
 {
-    if (!owner) {
+    if (!RecordDeaths::is_alive(owner)) {
         return nullptr;
     }
     const quint64 deaths = RecordDeaths::count();
@@ -142,10 +143,13 @@ void TreeMeshModel::clear_boundary_layers()
 void TreeMeshModel::clear_mesh_data()
 {
     Q_EMIT about_to_clear_mesh_data();
-    while (!m_mesh_data_map.empty()) {
-        TreeData* owner = m_mesh_data_map.begin()->first;
-        delete_records(m_mesh_data_map.begin()->second);
-        drop_empty_entry(owner);
+    // Receivers may delete owners from here on, and add records, which stay.
+    auto owners = std::exchange(m_mesh_data_map, {});
+    for (const auto& [owner, records] : owners) {
+        unwatch(owner);
+    }
+    for (auto& [owner, records] : owners) {
+        delete_records(records);
     }
 }
 

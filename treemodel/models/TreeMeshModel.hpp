@@ -49,7 +49,7 @@ public:
     std::vector<TreeBoundaryLayerData*> boundary_layers();
 
     /// Gives back the owner's record of that type, with the count set if it differs. A new
-    /// one emits mesh_data_added(). Null for a null owner. The owner is not owned.
+    /// one emits mesh_data_added(). Null for a null or dying owner. The owner is not owned.
     TreeMeshData* add_mesh_data(TreeMeshData::MeshType type, int element_count, TreeData* owner);
 
     /// Takes the record out of the model, emits mesh_data_removed() and deletes it.

@@ -1,6 +1,8 @@
 #include <treemodel/models/TreeSimModel.hpp>
 
+#include <QScopeGuard>
 #include <treemodel/models/RecordMaps.hpp>
+#include <treemodel/treedata/RecordDeaths.hpp>
 
 namespace {
 
@@ -25,6 +27,7 @@ TreeSimModel::TreeSimModel() = default;
 TreeSimModel::~TreeSimModel()
 {
     clear();
+    delete_displaced_records(this);
 }
 
 TreeExodusData* TreeSimModel::add_exodus(TreeExodusData::ExodusType type, int id)
@@ -36,6 +39,8 @@ TreeExodusData* TreeSimModel::add_exodus(TreeExodusData::ExodusType type, int id
 void TreeSimModel::remove_exodus(TreeExodusData::ExodusType type, int id)
 {
     if (const auto exodus = take_record(exodus_map_from_type(type), id)) {
+        // The links, and those that receivers make meanwhile.
+        const auto unlink = qScopeGuard([&] { clear_associations(exodus.get()); });
         clear_associations(exodus.get());
         Q_EMIT exodus_entity_removed(exodus.get());
     }
@@ -57,7 +62,7 @@ void TreeSimModel::clear_exodus()
     m_bc_exodus_map.clear();
     m_exodus_bc_map.clear();
     for (ExodusMap& exodus_map : m_exodus_maps) {
-        delete_records(exodus_map);
+        delete_linked_records(exodus_map);
     }
 }
 
@@ -69,6 +74,8 @@ TreeFeaBCData* TreeSimModel::add_fea_bc(TreeFeaBCData::FEAType type, int id)
 void TreeSimModel::remove_fea_bc(TreeFeaBCData::FEAType type, int id)
 {
     if (const auto bc = take_record(fea_map_from_type(type), id)) {
+        // The links, and those that receivers make meanwhile.
+        const auto unlink = qScopeGuard([&] { clear_associations(bc.get()); });
         clear_associations(bc.get());
         Q_EMIT fea_bc_removed(bc.get());
     }
@@ -93,7 +100,7 @@ void TreeSimModel::clear_fea()
 {
     Q_EMIT about_to_clear_fea();
     for (FeaMap& fea_map : m_fea_maps) {
-        delete_bcs(fea_map);
+        delete_linked_records(fea_map);
     }
 }
 
@@ -106,10 +113,10 @@ void TreeSimModel::remove_cfd_bc(int id)
 {
     if (auto bc = take_record(m_cfd_map, id)) {
         clear_associations(bc.get());
-        Q_EMIT cfd_bc_removed(bc.get());
-        // The record can still be written to, and linked, until the event loop deletes it.
+        // It can still be written to, and linked, until it dies.
         connect(
             bc.get(), &TreeData::treedata_destroyed, this, &TreeSimModel::clear_bc_associations);
+        Q_EMIT cfd_bc_removed(bc.get());
         bc.release()->deleteLater();
     }
 }
@@ -138,7 +145,7 @@ std::vector<TreeCfdBCData*> TreeSimModel::cfd_bcs(TreeCfdBCData::CFDType type)
 void TreeSimModel::clear_cfd()
 {
     Q_EMIT about_to_clear_cfd();
-    delete_bcs(m_cfd_map);
+    delete_linked_records(m_cfd_map);
 }
 
 TreeMaterialData* TreeSimModel::add_material(int id, bool is_cfd)
@@ -177,7 +184,7 @@ void TreeSimModel::clear_material()
 
 void TreeSimModel::fea_add_exodus(TreeFeaBCData* bc, TreeExodusData* exodus)
 {
-    if (bc && exodus && associate_bc(bc, exodus)) {
+    if (associate_bc(bc, exodus)) {
         Q_EMIT exodus_added_to_fea(bc, exodus);
     }
 }
@@ -191,7 +198,7 @@ void TreeSimModel::fea_remove_exodus(TreeFeaBCData* bc, TreeExodusData* exodus)
 
 void TreeSimModel::cfd_add_exodus(TreeCfdBCData* bc, TreeExodusData* exodus)
 {
-    if (bc && exodus && associate_bc(bc, exodus)) {
+    if (associate_bc(bc, exodus)) {
         Q_EMIT exodus_added_to_cfd(bc, exodus);
     }
 }
@@ -243,6 +250,9 @@ TreeSimModel::FeaMap& TreeSimModel::fea_map_from_type(TreeFeaBCData::FEAType typ
 
 bool TreeSimModel::associate_bc(TreeData* bc, TreeExodusData* exodus)
 {
+    if (!RecordDeaths::is_alive(bc) || !RecordDeaths::is_alive(exodus)) {
+        return false;
+    }
     const bool exodus_is_new = m_bc_exodus_map.insert(bc, exodus);
     const bool bc_is_new = m_exodus_bc_map.insert(exodus, bc);
     return exodus_is_new || bc_is_new;
@@ -281,11 +291,8 @@ void TreeSimModel::clear_bc_associations(TreeData* bc)
     m_bc_exodus_map.erase(bc);
 }
 
-template <typename BoundaryCondition>
-void TreeSimModel::delete_bcs(std::map<int, BoundaryCondition*>& bcs)
+template <typename Record>
+void TreeSimModel::delete_linked_records(std::map<int, Record*>& records)
 {
-    for (const auto& [id, bc] : std::exchange(bcs, {})) {
-        clear_associations(bc);
-        delete bc;
-    }
+    delete_records(records, [this](Record* record) { clear_associations(record); });
 }

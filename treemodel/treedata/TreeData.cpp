@@ -18,7 +18,7 @@ TreeData::TreeData(const QString& name, int id)
 
 TreeData::~TreeData()
 {
-    RecordDeaths::add_one();
+    const RecordDeaths::UnderWay death(this);
     Q_EMIT treedata_destroyed(this);
 }
 

@@ -45,7 +45,8 @@ Q_SIGNALS:
     void visible_changed(bool new_vis);
 
     /// Emitted once, by the destructor. The sender is no more than a TreeData by
-    /// then: use it as a key, or call id(), is_visible() and name() on it.
+    /// then: use it as a key, or call id(), is_visible() and name() on it. The models
+    /// treat it as null where something new would point to it.
     void treedata_destroyed(TreeData*);
 
 protected:
