@@ -43,6 +43,8 @@ private Q_SLOTS:
     void virtualRecordReadsAllItsChildrenAtEachUpdate();
     void descentGoesByTheFlagJustRead();
     void descentReachesTheVertices();
+    void recordThatGoesIsAskedAboutNoMore_data();
+    void recordThatGoesIsAskedAboutNoMore();
 
 private:
     void modify_body(int id) { mirror->observer().notify_body_modified(id); }
@@ -467,6 +469,30 @@ void tst_geometry_update::descentReachesTheVertices()
             QStringList("geometry_added(surface 3, volume 2)") + plain_reading("surface", 3) +
             QStringList("geometry_added(curve 4, surface 3)") + plain_reading("curve", 4) +
             QStringList("geometry_added(vertex 5, curve 4)") + plain_reading("vertex", 5));
+}
+
+void tst_geometry_update::recordThatGoesIsAskedAboutNoMore_data()
+{
+    QTest::addColumn<QStringList>("events");
+    WatchedMirror probe;
+    probe.kernel.relate("body", 4, "volume", {5});
+    probe.observer().notify_body_created(4);
+    const QStringList events = probe.log.take();
+    for (int i = 0; !events.at(i).startsWith("geometry_added(volume"); ++i) {
+        QTest::addRow("%d, in %s", i, qPrintable(events.at(i))) << events.mid(0, i + 1);
+    }
+}
+
+void tst_geometry_update::recordThatGoesIsAskedAboutNoMore()
+{
+    QFETCH(QStringList, events);
+    mirror->kernel.relate("body", 4, "volume", {5});
+    mirror->log.interrupt(int(events.size()) - 1, [&] { mirror->observer().notify_body_deleted(4); });
+
+    mirror->observer().notify_body_created(4);
+
+    QCOMPARE(mirror->log.take(),
+        events + QStringList({"geometry_removed(body 4)", "body 4: treedata_destroyed(body 4)"}));
 }
 
 QTEST_GUILESS_MAIN(tst_geometry_update)
