@@ -1,5 +1,7 @@
+#include <algorithm>
 #include <memory>
 #include <QTest>
+#include <random>
 #include <support/FullModel.hpp>
 #include <support/MirrorText.hpp>
 
@@ -32,6 +34,7 @@ private Q_SLOTS:
     void membersComeInTheirOrder();
     void membersOfOneKindComeInTheKernelsOrder();
     void membersOfOneKindGoByAscendingIdAfterTheNewOnes();
+    void veryManyMembersGoByAscendingId();
     void eachKindIsFinishedBeforeTheNext();
     void sameIdOfTwoKindsIsTwoMembers();
     void missingMemberIsPassedOver();
@@ -222,6 +225,23 @@ void tst_group_notifications::membersOfOneKindGoByAscendingIdAfterTheNewOnes()
     QCOMPARE(modify({{{{}, {}, {}, {7, 5}, {}, {}}}, {}}),
         QStringList({"group_child_added(group 3, surface 7)",
             "group_child_removed(group 3, surface 1)", "group_child_removed(group 3, surface 9)"}));
+}
+
+void tst_group_notifications::veryManyMembersGoByAscendingId()
+{
+    std::vector<int> ids;
+    QStringList expected;
+    for (int id = -100000; id < 200000; id += 100) {
+        ids.push_back(id);
+        expected.append(QString("group_child_removed(group 3, curve %1)").arg(id));
+    }
+    // So that the order of addresses is not that of ids.
+    std::shuffle(ids.begin(), ids.end(), std::mt19937(1));
+    for (const int id : ids) {
+        mirror->observer().notify_curve_created(id);
+    }
+    create_group({{{{}, {}, {}, {}, ids, {}}}, {}});
+    QCOMPARE(modify({}), expected);
 }
 
 void tst_group_notifications::eachKindIsFinishedBeforeTheNext()

@@ -2,6 +2,7 @@
 #include <memory>
 #include <QSignalSpy>
 #include <QTest>
+#include <random>
 #include <support/FullModel.hpp>
 
 using Records = std::vector<TreeData*>;
@@ -20,6 +21,7 @@ private Q_SLOTS:
     void eachKindHasItsWord();
     void wordsComeInTheirOrderWhateverTheRecordsDo();
     void idsOfAWordComeByAddress();
+    void idsOfVeryManyRecordsComeByAddress();
     void deselectionEndsInRemove();
     void recordThatStandsTwiceIsWrittenOnce();
     void sameIdOfTwoKindsIsWrittenTwice();
@@ -45,6 +47,7 @@ private:
     void selected_or_not();
     Records find(const std::string& word);
     QString sent(const Records& records, bool selected = true);
+    static QString ids_by_address(Records records);
 
     std::unique_ptr<FullMirror> mirror;
 };
@@ -165,19 +168,37 @@ void tst_select_command::wordsComeInTheirOrderWhateverTheRecordsDo()
     QCOMPARE(sent(records), expected);
 }
 
+QString tst_select_command::ids_by_address(Records records)
+{
+    std::sort(records.begin(), records.end(), std::less<TreeData*>());
+    QString ids;
+    for (TreeData* record : records) {
+        ids += QString("%1 ").arg(record->id());
+    }
+    return ids;
+}
+
 void tst_select_command::idsOfAWordComeByAddress()
 {
     Records records;
     for (const int id : {3, 1, -4, 2}) {
         records.push_back(mirror->model.find_fea_bc(TreeFeaBCData::FORCE, id));
     }
-    Records by_address = records;
-    std::sort(by_address.begin(), by_address.end(), std::less<TreeData*>());
-    QString ids;
-    for (TreeData* record : by_address) {
-        ids += QString("%1 ").arg(record->id());
+    QCOMPARE(sent(records), "silent_cmd(select force " + ids_by_address(records) + ')');
+}
+
+void tst_select_command::idsOfVeryManyRecordsComeByAddress()
+{
+    Records records;
+    for (int id = 10; id < 3010; ++id) {
+        mirror->observer().notify_sizing_source_created(id);
+        records.push_back(mirror->model.find_sizing_source(id));
     }
-    QCOMPARE(sent(records), "silent_cmd(select force " + ids + ')');
+    mirror->log.take();
+    const QString expected = "silent_cmd(select sizing_source " + ids_by_address(records) + ')';
+    std::shuffle(records.begin(), records.end(), std::mt19937(1));
+    records.insert(records.end(), records.begin(), records.begin() + 100);
+    QCOMPARE(sent(records), expected);
 }
 
 void tst_select_command::deselectionEndsInRemove()

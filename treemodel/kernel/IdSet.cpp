@@ -1,6 +1,7 @@
 #include <treemodel/kernel/IdSet.hpp>
 
 #include <algorithm>
+#include <treemodel/kernel/radix_sort.hpp>
 
 IdSet::IdSet(const std::vector<int>& ids)
 {
@@ -52,8 +53,8 @@ void IdSet::sort()
         return;
     }
     m_is_sorted = true;
-    std::sort(m_entries.begin(), m_entries.end(),
-        [](const Entry& left, const Entry& right) { return left.id < right.id; });
+    // Keys without a sign, so that ids below 0 come first.
+    radix_sort(m_entries, [](const Entry& entry) { return unsigned(entry.id) ^ (1U << 31); });
     const auto same_id = [](const Entry& left, const Entry& right) { return left.id == right.id; };
     m_entries.erase(std::unique(m_entries.begin(), m_entries.end(), same_id), m_entries.end());
 }

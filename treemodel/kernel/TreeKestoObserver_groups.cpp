@@ -3,6 +3,7 @@
 
 #include <treemodel/kernel/IdSet.hpp>
 #include <treemodel/kernel/KernelText.hpp>
+#include <treemodel/kernel/RecordFamily.hpp>
 #include <treemodel/kernel/TreeKestoObserver.hpp>
 #include <treemodel/models/TreeGeomModel.hpp>
 #include <treemodel/models/TreeGroupModel.hpp>
@@ -27,18 +28,26 @@ struct GroupMembers
 GroupMembers members_by_kind(const std::vector<TreeData*>& records)
 {
     GroupMembers members;
-    for (TreeData* record : records) {
-        if (auto* geometry = qobject_cast<TreeGeometryData*>(record)) {
+    for_each_with_family(records, [&members](TreeData* record, RecordFamily family) {
+        switch (family) {
+        case RecordFamily::GEOMETRY: {
+            auto* geometry = static_cast<TreeGeometryData*>(record);
             const auto type = static_cast<std::size_t>(geometry->geometry_type());
             if (type < geometry_type_count) {
                 members.geometry[type].push_back(geometry->id());
             }
-        } else if (auto* group = qobject_cast<TreeGroupData*>(record)) {
-            members.groups.push_back(group->id());
-        } else if (auto* mesh = qobject_cast<TreeMeshData*>(record)) {
-            members.mesh_types.push_back(mesh->mesh_type());
+            break;
         }
-    }
+        case RecordFamily::GROUP:
+            members.groups.push_back(record->id());
+            break;
+        case RecordFamily::MESH:
+            members.mesh_types.push_back(static_cast<TreeMeshData*>(record)->mesh_type());
+            break;
+        default:
+            break;
+        }
+    });
     return members;
 }
 

@@ -1,6 +1,8 @@
 // Selection, both ways: from the kernel to records, and from records to the one
 // command line that the library ever sends.
 
+#include <treemodel/kernel/radix_sort.hpp>
+#include <treemodel/kernel/RecordFamily.hpp>
 #include <treemodel/kernel/TreeKestoObserver.hpp>
 #include <treemodel/models/TreeGeomModel.hpp>
 #include <treemodel/models/TreeGroupModel.hpp>
@@ -8,9 +10,13 @@
 #include <treemodel/models/TreeSimModel.hpp>
 
 #include <algorithm>
-#include <QByteArray>
+#include <array>
+#include <charconv>
+#include <compare>
+#include <cstdint>
+#include <map>
 #include <QString>
-#include <tuple>
+#include <string>
 
 using KestoInterface::EntityRef;
 
@@ -21,122 +27,121 @@ std::string lower_case(const std::string& word)
     return QString::fromUtf8(word.c_str()).toLower().toUtf8().toStdString();
 }
 
-// A record in a command line: the word that it stands under, and where among the
-// words that is. One whose type is out of range has no word and is not written.
-struct SelectedRecord
+// The word that a record stands under, by the class of the record and, where that has several
+// words, by its type. In the order of the command line.
+struct CommandWord
 {
-    // In the order of the command line.
-    enum Family : int {
-        Geometry,
-        Group,
-        BoundaryLayer,
-        SizingSource,
-        Exodus,
-        Fea,
-        Cfd,
-        Material,
-        Unselectable,
-    };
-
-    explicit SelectedRecord(TreeData* selected)
-        : record(selected)
-    {
-        if (auto* geometry = qobject_cast<TreeGeometryData*>(selected)) {
-            family = Geometry;
-            rank = TreeGeometryData::BODY - geometry->geometry_type();
-        } else if (qobject_cast<TreeGroupData*>(selected)) {
-            family = Group;
-        } else if (qobject_cast<TreeBoundaryLayerData*>(selected)) {
-            family = BoundaryLayer;
-        } else if (qobject_cast<TreeSizingSourceData*>(selected)) {
-            family = SizingSource;
-        } else if (auto* exodus = qobject_cast<TreeExodusData*>(selected)) {
-            family = Exodus;
-            rank = exodus->exodus_type();
-        } else if (auto* fea = qobject_cast<TreeFeaBCData*>(selected)) {
-            family = Fea;
-            rank = fea->fea_bc_type();
-        } else if (qobject_cast<TreeCfdBCData*>(selected)) {
-            family = Cfd;
-        } else if (qobject_cast<TreeMaterialData*>(selected)) {
-            family = Material;
-        }
-    }
-
-    std::string word() const
-    {
-        switch (family) {
-        case Geometry:
-            return TreeGeometryData::type_to_string(
-                static_cast<TreeGeometryData::GeometryType>(TreeGeometryData::BODY - rank));
-        case Group:
-            return "group";
-        case BoundaryLayer:
-            return "boundary_layer";
-        case SizingSource:
-            return "sizing_source";
-        case Exodus:
-            return TreeExodusData::type_to_string(static_cast<TreeExodusData::ExodusType>(rank));
-        case Fea:
-            return TreeFeaBCData::type_to_string(static_cast<TreeFeaBCData::FEAType>(rank));
-        case Cfd:
-            return "cfd_bc";
-        case Material:
-            return "material";
-        case Unselectable:
-            break;
-        }
-        return {};
-    }
-
-    bool is_under_same_word(const SelectedRecord& other) const
-    {
-        return family == other.family && rank == other.rank;
-    }
-
-    // By word, then by address.
-    bool operator<(const SelectedRecord& other) const
-    {
-        return std::tie(family, rank, record) < std::tie(other.family, other.rank, other.record);
-    }
-
-    bool operator==(const SelectedRecord& other) const { return record == other.record; }
-
-    TreeData* record;
-    Family family = Unselectable;
+    RecordFamily family;
     int rank = 0;
+
+    auto operator<=>(const CommandWord&) const = default;
 };
 
-// In the order of the command line, each once.
-std::vector<SelectedRecord> selected_records(const std::vector<TreeData*>& entities)
+CommandWord command_word(RecordFamily family, TreeData* record)
 {
-    std::vector<SelectedRecord> result;
-    result.reserve(entities.size());
-    for (TreeData* entity : entities) {
-        const SelectedRecord selected(entity);
-        if (selected.family != SelectedRecord::Unselectable) {
-            result.push_back(selected);
-        }
+    switch (family) {
+    case RecordFamily::GEOMETRY:
+        return {family,
+            TreeGeometryData::BODY - static_cast<TreeGeometryData*>(record)->geometry_type()};
+    case RecordFamily::EXODUS:
+        return {family, static_cast<TreeExodusData*>(record)->exodus_type()};
+    case RecordFamily::FEA_BC:
+        return {family, static_cast<TreeFeaBCData*>(record)->fea_bc_type()};
+    default:
+        return {family};
     }
-    std::sort(result.begin(), result.end());
-    result.erase(std::unique(result.begin(), result.end()), result.end());
-    return result;
+}
+
+// Empty for a type out of range: such a record is not written.
+std::string text_of(const CommandWord& word)
+{
+    switch (word.family) {
+    case RecordFamily::GEOMETRY:
+        return TreeGeometryData::type_to_string(
+            static_cast<TreeGeometryData::GeometryType>(TreeGeometryData::BODY - word.rank));
+    case RecordFamily::GROUP:
+        return "group";
+    case RecordFamily::BOUNDARY_LAYER:
+        return "boundary_layer";
+    case RecordFamily::SIZING_SOURCE:
+        return "sizing_source";
+    case RecordFamily::EXODUS:
+        return TreeExodusData::type_to_string(static_cast<TreeExodusData::ExodusType>(word.rank));
+    case RecordFamily::FEA_BC:
+        return TreeFeaBCData::type_to_string(static_cast<TreeFeaBCData::FEAType>(word.rank));
+    case RecordFamily::CFD_BC:
+        return "cfd_bc";
+    case RecordFamily::MATERIAL:
+        return "material";
+    case RecordFamily::MESH:
+    case RecordFamily::OTHER:
+        break;
+    }
+    return {};
+}
+
+struct SelectedRecord
+{
+    TreeData* record;
+    int id;
+};
+
+using Selection = std::map<CommandWord, std::vector<SelectedRecord>>;
+
+// By address, each once.
+void sort_records(std::vector<SelectedRecord>& records)
+{
+    const auto is_same = [](const SelectedRecord& left, const SelectedRecord& right) {
+        return left.record == right.record;
+    };
+    radix_sort(records, [](const SelectedRecord& selected) {
+        return reinterpret_cast<std::uintptr_t>(selected.record);
+    });
+    records.erase(std::unique(records.begin(), records.end(), is_same), records.end());
+}
+
+// The records under each word. Each record is touched but once, as there may be very many.
+Selection selection_of(const std::vector<TreeData*>& entities)
+{
+    Selection selection;
+    Selection::iterator entry = selection.end();
+    for_each_with_family(entities, [&](TreeData* entity, RecordFamily family) {
+        if (family == RecordFamily::OTHER || family == RecordFamily::MESH) {
+            return;
+        }
+        const CommandWord word = command_word(family, entity);
+        if (entry == selection.end() || entry->first != word) {
+            entry = selection.try_emplace(word).first;
+        }
+        entry->second.push_back({entity, entity->id()});
+    });
+    for (auto& [word, records] : selection) {
+        sort_records(records);
+    }
+    return selection;
+}
+
+void append_number(std::string& text, int number)
+{
+    std::array<char, 12> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+    text.append(digits.data(), end);
 }
 
 // Each word once, before its ids; everything is followed by one blank.
-QByteArray words_and_ids(const std::vector<SelectedRecord>& selection)
+std::string words_and_ids(const Selection& selection)
 {
-    QByteArray text;
-    QByteArray word;
-    for (auto entry = selection.begin(); entry != selection.end(); ++entry) {
-        const bool begins_word =
-            entry == selection.begin() || !entry->is_under_same_word(*std::prev(entry));
-        if (begins_word) {
-            word = QByteArray::fromStdString(entry->word());
-            text += word.isEmpty() ? word : word + ' ';
+    std::string text;
+    for (const auto& [word, records] : selection) {
+        const std::string word_text = text_of(word);
+        if (word_text.empty()) {
+            continue;
         }
-        if (!word.isEmpty()) {
-            text += QByteArray::number(entry->record->id()) + ' ';
+        text += word_text + ' ';
+        text.reserve(text.size() + 8 * records.size());
+        for (const SelectedRecord& selected : records) {
+            append_number(text, selected.id);
+            text += ' ';
         }
     }
     return text;
@@ -153,13 +158,12 @@ void TreeKestoObserver::select_entities(const std::vector<TreeData*>& entities, 
         KestoInterface::silent_cmd("select none");
         return;
     }
-    const std::vector<SelectedRecord> selection = selected_records(entities);
+    const Selection selection = selection_of(entities);
     if (selection.empty()) {
         return;
     }
-    const QByteArray command =
-        "select " + words_and_ids(selection) + (selected ? QByteArray() : QByteArray("remove"));
-    KestoInterface::silent_cmd(command.constData());
+    const std::string command = "select " + words_and_ids(selection) + (selected ? "" : "remove");
+    KestoInterface::silent_cmd(command.c_str());
 }
 
 void TreeKestoObserver::report_selection(const std::vector<EntityRef>& refs, bool selected)

@@ -20,10 +20,22 @@ public:
         return set && set->erase(to);
     }
 
+    /// Forgets a record whose last link is gone. False if it has links, or is not known.
+    bool forget_unlinked(From* from)
+    {
+        const PointerSet<To>* set = m_sets.find(from);
+        return set && set->is_empty() && m_sets.erase(from);
+    }
+
     /// Forgets all links of a record.
     void erase(From* from) { m_sets.erase(from); }
 
     void clear() { m_sets.clear(); }
+
+    bool contains(From* from) const { return m_sets.find(from) != nullptr; }
+
+    /// All records that are known here.
+    std::vector<From*> records() const { return m_sets.keys(); }
 
     /// What a record is linked to, in the order of addresses.
     std::vector<To*> find(From* from) const

@@ -7,41 +7,6 @@
 
 namespace {
 
-template <typename From, typename To>
-using LinkSets = std::map<From*, std::set<To*>>;
-
-// The records that `record` is linked to, in the order of their addresses.
-template <typename From, typename To>
-std::vector<To*> linked_records(const LinkSets<From, To>& links, From* record)
-{
-    const auto entry = links.find(record);
-    if (entry == links.end()) {
-        return {};
-    }
-    return {entry->second.begin(), entry->second.end()};
-}
-
-enum class Erased {
-    Nothing,
-    Link,
-    LastLink,
-};
-
-// Ends a link as seen from one side; an entry goes with its last link.
-template <typename From, typename To>
-Erased erase_link(LinkSets<From, To>& links, From* from, To* to)
-{
-    const auto entry = links.find(from);
-    if (entry == links.end() || entry->second.erase(to) == 0) {
-        return Erased::Nothing;
-    }
-    if (!entry->second.empty()) {
-        return Erased::Link;
-    }
-    links.erase(entry);
-    return Erased::LastLink;
-}
-
 const DeathWatch& death_watch()
 {
     static const DeathWatch watch(
@@ -112,19 +77,19 @@ void TreeGroupModel::remove_group_child(TreeGroupData* group, TreeData* child)
 
 std::vector<TreeData*> TreeGroupModel::find_group_children(TreeGroupData* group)
 {
-    return linked_records(m_group_children_map, group);
+    return m_group_children_map.find(group);
 }
 
 std::vector<TreeGroupData*> TreeGroupModel::find_groups_for_child(TreeData* child)
 {
-    return linked_records(m_child_groups_map, child);
+    return m_child_groups_map.find(child);
 }
 
 void TreeGroupModel::clear()
 {
     Q_EMIT about_to_clear();
     m_group_children_map.clear();
-    for (const auto& [child, groups] : m_child_groups_map) {
+    for (TreeData* child : m_child_groups_map.records()) {
         unwatch(child);
     }
     m_child_groups_map.clear();
@@ -144,9 +109,9 @@ bool TreeGroupModel::associate_group(TreeGroupData* group, TreeData* child)
     if (!RecordDeaths::is_alive(group) || !RecordDeaths::is_alive(child)) {
         return false;
     }
-    const bool child_is_new = m_group_children_map[group].insert(child).second;
-    const auto [entry, is_first_group] = m_child_groups_map.try_emplace(child);
-    const bool group_is_new = entry->second.insert(group).second;
+    const bool child_is_new = m_group_children_map.insert(group, child);
+    const bool is_first_group = !m_child_groups_map.contains(child);
+    const bool group_is_new = m_child_groups_map.insert(child, group);
     if (is_first_group) {
         watch(child);
     }
@@ -155,12 +120,13 @@ bool TreeGroupModel::associate_group(TreeGroupData* group, TreeData* child)
 
 bool TreeGroupModel::disassociate_group(TreeGroupData* group, TreeData* child)
 {
-    const Erased from_group = erase_link(m_group_children_map, group, child);
-    const Erased from_child = erase_link(m_child_groups_map, child, group);
-    if (from_child == Erased::LastLink) {
+    const bool child_left = m_group_children_map.erase(group, child);
+    m_group_children_map.forget_unlinked(group);
+    const bool group_left = m_child_groups_map.erase(child, group);
+    if (m_child_groups_map.forget_unlinked(child)) {
         unwatch(child);
     }
-    return from_group != Erased::Nothing || from_child != Erased::Nothing;
+    return child_left || group_left;
 }
 
 void TreeGroupModel::clear_associations(TreeGroupData* group)

@@ -2,7 +2,7 @@
 
 #include <map>
 #include <QObject>
-#include <set>
+#include <treemodel/models/LinkMap.hpp>
 #include <treemodel/treedata/TreeGroupData.hpp>
 #include <treemodel/treemodel_export.hpp>
 #include <vector>
@@ -84,6 +84,6 @@ private:
     // A link stands in both link maps, and no entry there is empty. A child is
     // watched, once, for as long as it has an entry.
     std::map<int, TreeGroupData*> m_group_map;
-    std::map<TreeGroupData*, std::set<TreeData*>> m_group_children_map;
-    std::map<TreeData*, std::set<TreeGroupData*>> m_child_groups_map;
+    LinkMap<TreeGroupData, TreeData> m_group_children_map;
+    LinkMap<TreeData, TreeGroupData> m_child_groups_map;
 };

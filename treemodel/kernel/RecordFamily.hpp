@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstddef>
+#include <treemodel/treedata/TreeData.hpp>
+#include <typeinfo>
+#include <vector>
+
+/// The classes of records that the kernel link tells apart.
+enum class RecordFamily {
+    GEOMETRY,
+    GROUP,
+    BOUNDARY_LAYER,
+    SIZING_SOURCE,
+    EXODUS,
+    FEA_BC,
+    CFD_BC,
+    MATERIAL,
+    MESH,
+    OTHER,
+};
+
+/// Finds the families of records. Quick along records of one class, of which it looks at the first
+/// alone.
+class RecordFamilyFinder
+{
+public:
+    /// OTHER for null.
+    RecordFamily find(TreeData* record)
+    {
+        if (!record) {
+            return RecordFamily::OTHER;
+        }
+        const std::type_info& record_class = typeid(*record);
+        if (&record_class != m_class) {
+            m_family = family_of(record);
+            m_class = &record_class;
+        }
+        return m_family;
+    }
+
+private:
+    static RecordFamily family_of(TreeData* record);
+
+    const std::type_info* m_class = nullptr;
+    RecordFamily m_family = RecordFamily::OTHER;
+};
+
+/// Calls `visit(record, family)` for each record in turn. Has records fetched from memory before
+/// their turn comes, as most of the time for a long list goes by waiting for them.
+template <typename Visit>
+void for_each_with_family(const std::vector<TreeData*>& records, Visit visit)
+{
+    RecordFamilyFinder families;
+    for (std::size_t index = 0; index < records.size(); ++index) {
+#if defined(__GNUC__)
+        constexpr std::size_t ahead = 16;
+        if (index + ahead < records.size()) {
+            __builtin_prefetch(records[index + ahead]);
+        }
+#endif
+        visit(records[index], families.find(records[index]));
+    }
+}
