@@ -487,7 +487,8 @@ void tst_geometry_update::recordThatGoesIsAskedAboutNoMore()
 {
     QFETCH(QStringList, events);
     mirror->kernel.relate("body", 4, "volume", {5});
-    mirror->log.interrupt(int(events.size()) - 1, [&] { mirror->observer().notify_body_deleted(4); });
+    mirror->log.interrupt(
+        int(events.size()) - 1, [&] { mirror->observer().notify_body_deleted(4); });
 
     mirror->observer().notify_body_created(4);
 
