@@ -108,7 +108,7 @@ QByteArray step_file(const QByteArray& data)
 
 } // namespace
 
-class CadImportTest : public QObject
+class tst_CadImport : public QObject
 {
     Q_OBJECT
 
@@ -465,5 +465,5 @@ private:
     std::unique_ptr<ImportLog> m_log;
 };
 
-QTEST_GUILESS_MAIN(CadImportTest)
-#include "CadImportTest.moc"
+QTEST_GUILESS_MAIN(tst_CadImport)
+#include "tst_CadImport.moc"

@@ -12,7 +12,7 @@ QByteArray iges_line(const QByteArray& text, char section, const QByteArray& num
 
 } // namespace
 
-class FileContentTest : public QObject
+class tst_FileContent : public QObject
 {
     Q_OBJECT
 
@@ -115,5 +115,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-QTEST_GUILESS_MAIN(FileContentTest)
-#include "FileContentTest.moc"
+QTEST_GUILESS_MAIN(tst_FileContent)
+#include "tst_FileContent.moc"

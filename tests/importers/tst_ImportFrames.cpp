@@ -17,7 +17,7 @@ std::string with_byte(std::string bytes, std::size_t position, char value)
 
 } // namespace
 
-class ImportFramesTest : public QObject
+class tst_ImportFrames : public QObject
 {
     Q_OBJECT
 
@@ -173,5 +173,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ImportFramesTest)
-#include "ImportFramesTest.moc"
+QTEST_GUILESS_MAIN(tst_ImportFrames)
+#include "tst_ImportFrames.moc"

@@ -159,7 +159,7 @@ bool is_sound(const ModelData& model)
 
 } // namespace
 
-class ModelPackTest : public QObject
+class tst_ModelPack : public QObject
 {
     Q_OBJECT
 
@@ -268,5 +268,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_GUILESS_MAIN(ModelPackTest)
-#include "ModelPackTest.moc"
+QTEST_GUILESS_MAIN(tst_ModelPack)
+#include "tst_ModelPack.moc"

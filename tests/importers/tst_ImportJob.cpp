@@ -10,7 +10,7 @@
 using namespace std::chrono_literals;
 
 // The helper program of these tests does what the lines of its input file say.
-class ImportJobTest : public QObject
+class tst_ImportJob : public QObject
 {
     Q_OBJECT
 
@@ -372,5 +372,5 @@ private:
     std::unique_ptr<ImportLog> m_log;
 };
 
-QTEST_GUILESS_MAIN(ImportJobTest)
-#include "ImportJobTest.moc"
+QTEST_GUILESS_MAIN(tst_ImportJob)
+#include "tst_ImportJob.moc"
