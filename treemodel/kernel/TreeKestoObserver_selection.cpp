@@ -1,6 +1,7 @@
 // Selection, both ways: from the kernel to records, and from records to the one
 // command line that the library ever sends.
 
+#include <treemodel/kernel/KernelText.hpp>
 #include <treemodel/kernel/radix_sort.hpp>
 #include <treemodel/kernel/RecordFamily.hpp>
 #include <treemodel/kernel/TreeKestoObserver.hpp>
@@ -24,7 +25,7 @@ namespace {
 
 std::string lower_case(const std::string& word)
 {
-    return QString::fromUtf8(word.c_str()).toLower().toUtf8().toStdString();
+    return kernel_text(word).toLower().toUtf8().toStdString();
 }
 
 // The word that a record stands under, by the class of the record and, where that has several
