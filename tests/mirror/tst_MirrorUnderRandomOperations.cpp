@@ -1,11 +1,11 @@
 #include "KernelScript.hpp"
 #include "MirrorFacts.hpp"
+#include "MirrorHistory.hpp"
 #include "SignalPicture.hpp"
 
 #include <algorithm>
 #include <memory>
 #include <QCoreApplication>
-#include <QRegularExpression>
 #include <QTest>
 #include <support/MirrorText.hpp>
 #include <treemodel/kernel/TreeModel.hpp>
@@ -21,30 +21,6 @@ struct Front
     Front() { mirror.connect_to_kesto(); }
     ~Front() { mirror.disconnect_from_kesto(); }
 };
-
-// Where a mirror that follows the kernel may differ from one that was just refreshed:
-// - the lite status is read upon notifications only, so a refreshed mirror has none;
-// - a body without volumes keeps the sheet flag that it had with its last one;
-// - a virtual entity without a name shows its default name until it is read once more
-//   as a virtual one, which makes the mark alone its name.
-QStringList comparable(QStringList text)
-{
-    static const QRegularExpression mark_alone("^([a-z])([a-z]+) ([0-9]+) ' \\(v\\)'");
-    for (QString& line : text) {
-        if (const auto match = mark_alone.match(line); match.hasMatch()) {
-            line.replace(0, match.capturedLength(),
-                QStringLiteral("%1%2 %3 '%4%2 %3 (v)'")
-                    .arg(match.captured(1), match.captured(2), match.captured(3),
-                        match.captured(1).toUpper()));
-        }
-        line.remove(" lite");
-        const bool has_volumes = line.contains(" > volume");
-        if (line.startsWith("body ") && !has_volumes) {
-            line.remove(" sheet");
-        }
-    }
-    return text;
-}
 
 QString first_difference(const QStringList& actual, const QStringList& expected)
 {
@@ -65,7 +41,7 @@ QString mirror_difference(TreeModel& mirror)
     TreeModel fresh;
     fresh.refresh_model(false);
     const QString wrong =
-        first_difference(comparable(mirror_text(mirror)), comparable(mirror_text(fresh)));
+        first_difference(without_history(mirror_text(mirror)), without_history(mirror_text(fresh)));
     return wrong.isEmpty() ? wrong : QStringLiteral("The mirror ") + wrong;
 }
 

@@ -1,54 +1,18 @@
-#include "RandomOperations.hpp"
-#include "TestModels.hpp"
+#include "MirrorHistory.hpp"
 
 #include <algorithm>
-#include <QRegularExpression>
 #include <QTest>
-#include <support/GeometryText.hpp>
+#include <RandomOperations.hpp>
+#include <support/MirrorText.hpp>
+#include <TestModels.hpp>
 #include <treemodel/kernel/KestoInterface.hpp>
 #include <treemodel/kernel/TreeModel.hpp>
 
 namespace {
 
-// "group 1 'Bolts' hidden: body 1, group 2"
-QString group_text(TreeModel& model, TreeGroupData* group)
-{
-    QStringList members;
-    for (TreeData* member : model.find_group_children(group)) {
-        auto* const geometry = qobject_cast<TreeGeometryData*>(member);
-        const std::string kind = geometry != nullptr
-                                     ? TreeGeometryData::type_to_string(geometry->geometry_type())
-                                     : "group";
-        members << QStringLiteral("%1 %2").arg(QString::fromStdString(kind)).arg(member->id());
-    }
-    members.sort();
-    return QStringLiteral("group %1 '%2'%3: %4")
-        .arg(group->id())
-        .arg(group->name(), group->is_visible() ? QString() : QStringLiteral(" hidden"),
-            members.join(QStringLiteral(", ")));
-}
-
-// Takes out what a mirror that has followed the kernel knows otherwise than a fresh one: a body
-// that has lost its last volume keeps its sheet flag, and a virtual entity without a name that is
-// read for the second time is called " (v)".
-QString without_history(QString line)
-{
-    static const QRegularExpression default_name(QStringLiteral("'[A-Z][a-z]+ \\d+ \\(v\\)'"));
-    line.replace(default_name, QStringLiteral("' (v)'"));
-    if (line.startsWith(QStringLiteral("body")) && !line.contains(u'>')) {
-        line.remove(QStringLiteral(" sheet"));
-    }
-    return line;
-}
-
 QStringList text(TreeModel& model)
 {
-    QStringList lines = geometry_text(model);
-    for (TreeGroupData* group : model.groups()) {
-        lines << group_text(model, group);
-    }
-    std::transform(lines.begin(), lines.end(), lines.begin(), without_history);
-    return lines;
+    return without_history(mirror_text(model));
 }
 
 QStringList fresh_text()
