@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <browser/MirrorRecords.hpp>
 #include <treemodel/kernel/TreeModel.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 
@@ -41,26 +42,6 @@ void append(std::vector<TreeData*>& list, const std::vector<Record*>& records)
     list.insert(list.end(), records.begin(), records.end());
 }
 
-std::vector<TreeFeaBCData*> all_fea_bcs(TreeModel& mirror)
-{
-    std::vector<TreeFeaBCData*> result;
-    for (int type = TreeFeaBCData::FORCE; type <= TreeFeaBCData::CONTACT_PAIR; ++type) {
-        const auto bcs = mirror.fea_bcs(TreeFeaBCData::FEAType(type));
-        result.insert(result.end(), bcs.begin(), bcs.end());
-    }
-    return result;
-}
-
-std::vector<TreeCfdBCData*> all_cfd_bcs(TreeModel& mirror)
-{
-    std::vector<TreeCfdBCData*> result;
-    for (int type = TreeCfdBCData::AXIS; type <= TreeCfdBCData::WALL; ++type) {
-        const auto bcs = mirror.cfd_bcs(TreeCfdBCData::CFDType(type));
-        result.insert(result.end(), bcs.begin(), bcs.end());
-    }
-    return result;
-}
-
 // Among the children of one record: groups, geometry from body to vertex, sets and
 // element counts by their types.
 std::pair<int, int> place_among_siblings(TreeData* record)
@@ -83,6 +64,50 @@ MirrorTree::MirrorTree(TreeModel& mirror)
 {
 }
 
+void MirrorTree::set_filter(const QString& text)
+{
+    m_filter = text;
+    m_hits_below.clear();
+}
+
+void MirrorTree::set_selected(const std::vector<TreeData*>& records)
+{
+    m_selected = {records.begin(), records.end()};
+}
+
+std::vector<TreeData*> MirrorTree::children(const Path& path) const
+{
+    TreeData* const record = path.empty() ? nullptr : path.back();
+    TreeData* const parent = path.size() < 2 ? nullptr : path[path.size() - 2];
+    std::vector<TreeData*> result = record ? children_of(record, parent) : roots();
+    const bool shows_all =
+        m_filter.isEmpty() ||
+        std::any_of(path.begin(), path.end(), [this](TreeData* above) { return is_hit(above); });
+    if (!shows_all) {
+        std::erase_if(result,
+            [&](TreeData* child) { return !is_hit(child) && !has_hit_below(child, record); });
+    }
+    return result;
+}
+
+bool MirrorTree::is_hit(TreeData* record) const
+{
+    return record->name().contains(m_filter, Qt::CaseInsensitive);
+}
+
+bool MirrorTree::has_hit_below(TreeData* record, TreeData* parent) const
+{
+    const bool is_member = qobject_cast<TreeGroupData*>(parent);
+    // A group that holds itself finds its own entry.
+    const auto [entry, is_new] = m_hits_below.insert({{record, is_member}, false});
+    if (is_new) {
+        const std::vector<TreeData*> records = children_of(record, parent);
+        entry->second = std::any_of(records.begin(), records.end(),
+            [&](TreeData* child) { return is_hit(child) || has_hit_below(child, record); });
+    }
+    return entry->second;
+}
+
 std::vector<TreeData*> MirrorTree::roots() const
 {
     std::vector<TreeData*> result;
@@ -98,7 +123,7 @@ std::vector<TreeData*> MirrorTree::roots() const
     return result;
 }
 
-std::vector<TreeData*> MirrorTree::children(TreeData* record, TreeData* parent) const
+std::vector<TreeData*> MirrorTree::children_of(TreeData* record, TreeData* parent) const
 {
     std::vector<TreeData*> result;
     if (auto* geometry = qobject_cast<TreeGeometryData*>(record)) {
@@ -160,6 +185,9 @@ QStringList MirrorTree::flags(TreeData* record) const
     }
     if (!record->is_visible()) {
         result << "hidden";
+    }
+    if (m_selected.contains(record)) {
+        result << "selected";
     }
     return result;
 }

@@ -1,0 +1,56 @@
+#include <browser/window/FileOpening.hpp>
+
+#include <embedded/EmbeddedKernel.hpp>
+#include <QDir>
+#include <stdexcept>
+
+FileOpening::FileOpening(EmbeddedKernel& kernel, QObject* parent)
+    : QObject(parent)
+    , m_kernel(kernel)
+{
+    connect(&m_job, &ImportJob::warning, this,
+        [this](const QString& sentence) { m_warnings << sentence; });
+    connect(&m_job, &ImportJob::finished, this, &FileOpening::finish);
+}
+
+void FileOpening::open(const QString& file, Mode mode)
+{
+    m_job.cancel();
+    m_file = file;
+    m_mode = mode;
+    m_warnings.clear();
+    m_job.start(file);
+    Q_EMIT started();
+}
+
+void FileOpening::finish(ImportJob::Outcome outcome)
+{
+    switch (outcome) {
+    case ImportJob::Succeeded:
+        hand_over();
+        break;
+    case ImportJob::Failed:
+        Q_EMIT failed(m_job.error_text());
+        break;
+    case ImportJob::Cancelled:
+        Q_EMIT cancelled();
+        break;
+    }
+}
+
+void FileOpening::hand_over()
+{
+    try {
+        const ModelData model = m_job.take_model();
+        if (m_mode == Replace) {
+            m_kernel.open_model(model, m_file.toStdString());
+        } else {
+            m_kernel.import_model(model);
+        }
+    } catch (const std::invalid_argument& error) {
+        Q_EMIT failed(tr("Cannot import \"%1\": %2.")
+                          .arg(QDir::toNativeSeparators(m_file), QString::fromUtf8(error.what())));
+        return;
+    }
+    Q_EMIT opened(m_mode);
+}

@@ -1,0 +1,213 @@
+#include <browser/window/MainWindow.hpp>
+
+#include <browser/KernelSession.hpp>
+#include <browser/window/ActionRow.hpp>
+#include <browser/window/ProgressStrip.hpp>
+#include <browser/window/SignalMonitor.hpp>
+#include <browser/window/TreePane.hpp>
+#include <QCloseEvent>
+#include <QDir>
+#include <QDockWidget>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSettings>
+#include <QStatusBar>
+#include <QTreeView>
+
+namespace {
+
+constexpr const char* geometry_key = "window/geometry";
+constexpr const char* state_key = "window/state";
+constexpr int message_milliseconds = 8000;
+
+// The one file that is dragged; empty if it is something else.
+QString dragged_file(const QMimeData* data)
+{
+    const QList<QUrl> urls = data->urls();
+    return urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+}
+
+} // namespace
+
+MainWindow::MainWindow(KernelSession& session, QWidget* parent)
+    : QMainWindow(parent)
+    , m_session(session)
+    , m_opening(session.kernel())
+    , m_tree(new TreePane(session))
+    , m_progress(new ProgressStrip)
+{
+    setCentralWidget(m_tree);
+    setAcceptDrops(true);
+    resize(1100, 720);
+    statusBar()->addPermanentWidget(m_progress);
+    create_docks();
+    create_menus();
+    follow_opening();
+}
+
+void MainWindow::create_docks()
+{
+    m_monitor_dock = new QDockWidget(tr("Signal Monitor"));
+    m_monitor_dock->setObjectName("signal_monitor");
+    m_monitor_dock->setWidget(new SignalMonitor(m_session.mirror()));
+    m_monitor_dock->hide();
+    addDockWidget(Qt::BottomDockWidgetArea, m_monitor_dock);
+}
+
+void MainWindow::create_menus()
+{
+    using Row = ActionRow<MainWindow>;
+    static constexpr std::array file_rows{
+        Row{"open", QT_TR_NOOP("&Open…"), "Ctrl+O", &MainWindow::choose_file_to_open},
+        Row{"add", QT_TR_NOOP("&Add File…"), "Ctrl+Shift+O", &MainWindow::choose_file_to_add},
+    };
+    static constexpr std::array help_rows{
+        Row{"about", QT_TR_NOOP("&About treebrowser"), "", &MainWindow::show_about},
+    };
+
+    QMenu* const file = menuBar()->addMenu(tr("&File"));
+    add_actions(file, this, std::span<const Row>(file_rows));
+    QMenu* const recent = file->addMenu(tr("Open &Recent"));
+    recent->setToolTipsVisible(true);
+    m_recent_files.fill(recent);
+    connect(&m_recent_files, &RecentFiles::chosen, this, &MainWindow::open_file);
+    file->addSeparator();
+    QAction* const quit = file->addAction(tr("&Quit"), this, &QWidget::close);
+    quit->setShortcut(QKeySequence("Ctrl+Q"));
+
+    QMenu* const view = menuBar()->addMenu(tr("&View"));
+    view->addAction(m_monitor_dock->toggleViewAction());
+
+    QMenu* const help = menuBar()->addMenu(tr("&Help"));
+    add_actions(help, this, std::span<const Row>(help_rows));
+}
+
+void MainWindow::follow_opening()
+{
+    connect(&m_opening, &FileOpening::started, this,
+        [this] { m_progress->begin(QFileInfo(m_opening.file()).fileName()); });
+    connect(&m_opening.job(), &ImportJob::progress, m_progress, &ProgressStrip::set_progress);
+    connect(m_progress, &ProgressStrip::cancel_clicked, &m_opening.job(), &ImportJob::cancel);
+    connect(&m_opening, &FileOpening::opened, this, &MainWindow::take_in_opened);
+    connect(&m_opening, &FileOpening::failed, this, [this](const QString& sentence) {
+        m_progress->end();
+        show_error(sentence);
+    });
+    connect(&m_opening, &FileOpening::cancelled, this, [this] {
+        m_progress->end();
+        statusBar()->showMessage(m_opening.job().error_text(), message_milliseconds);
+    });
+}
+
+void MainWindow::restore_state()
+{
+    const QSettings settings;
+    restoreGeometry(settings.value(geometry_key).toByteArray());
+    restoreState(settings.value(state_key).toByteArray());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    QSettings settings;
+    settings.setValue(geometry_key, saveGeometry());
+    settings.setValue(state_key, saveState());
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::open_file(const QString& file)
+{
+    m_opening.open(file, FileOpening::Replace);
+}
+
+void MainWindow::show_signal_monitor()
+{
+    m_monitor_dock->show();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (!dragged_file(event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent* event)
+{
+    open_file(dragged_file(event->mimeData()));
+    event->acceptProposedAction();
+}
+
+void MainWindow::choose_file_to_open()
+{
+    choose_file(tr("Open a Model"), FileOpening::Replace);
+}
+
+void MainWindow::choose_file_to_add()
+{
+    choose_file(tr("Add a Model"), FileOpening::Add);
+}
+
+void MainWindow::choose_file(const QString& title, FileOpening::Mode mode)
+{
+    auto* const dialog = new QFileDialog(this, title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters({tr("Models (*.step *.stp *.iges *.igs *.brep)"), tr("All files (*)")});
+    const QStringList recent = m_recent_files.files();
+    if (!recent.isEmpty()) {
+        dialog->setDirectory(QFileInfo(recent.constFirst()).absolutePath());
+    }
+    connect(dialog, &QFileDialog::fileSelected, this,
+        [this, mode](const QString& file) { m_opening.open(file, mode); });
+    dialog->open();
+}
+
+void MainWindow::take_in_opened(FileOpening::Mode mode)
+{
+    m_progress->end();
+    m_recent_files.add(m_opening.file());
+    if (mode == FileOpening::Replace) {
+        setWindowFilePath(m_opening.file());
+    }
+    statusBar()->showMessage(
+        tr("Opened %1").arg(QDir::toNativeSeparators(m_opening.file())), message_milliseconds);
+    show_warnings();
+}
+
+void MainWindow::show_warnings()
+{
+    const QStringList warnings = m_opening.warnings();
+    if (warnings.isEmpty()) {
+        return;
+    }
+    auto* const box = new QMessageBox(QMessageBox::Warning, tr("Open a Model"),
+        tr("%1 was read with %n warning(s).", nullptr, static_cast<int>(warnings.size()))
+            .arg(QFileInfo(m_opening.file()).fileName()),
+        QMessageBox::Ok, this);
+    box->setObjectName("warnings");
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setInformativeText(warnings.constFirst());
+    box->setDetailedText(warnings.join(QLatin1Char('\n')));
+    box->open();
+}
+
+void MainWindow::show_error(const QString& sentence)
+{
+    auto* const box =
+        new QMessageBox(QMessageBox::Critical, tr("Open a Model"), sentence, QMessageBox::Ok, this);
+    box->setObjectName("error");
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void MainWindow::show_about()
+{
+    QMessageBox::about(this, tr("About treebrowser"),
+        tr("treebrowser %1\n\nShows what a geometry kernel holds as a live tree.")
+            .arg(QCoreApplication::applicationVersion()));
+}

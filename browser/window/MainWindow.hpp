@@ -1,0 +1,56 @@
+#pragma once
+
+#include <browser/window/FileOpening.hpp>
+#include <browser/window/RecentFiles.hpp>
+#include <QMainWindow>
+
+class KernelSession;
+class ProgressStrip;
+class SignalMonitor;
+class TreePane;
+
+/// The browser's window: the tree of a session in the middle, the properties of what is
+/// selected and the signal monitor in docks, and the menus to all that can be done.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Keeps the reference.
+    explicit MainWindow(KernelSession& session, QWidget* parent = nullptr);
+
+    FileOpening& file_opening() { return m_opening; }
+    TreePane& tree() { return *m_tree; }
+
+    /// Brings size, docks and columns back to what they were when the window was closed.
+    void restore_state();
+
+    /// Reads the file and puts its model in the place of the present one if that succeeds.
+    void open_file(const QString& file);
+
+    void show_signal_monitor();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void create_menus();
+    void create_docks();
+    void follow_opening();
+    void choose_file(const QString& title, FileOpening::Mode mode);
+    void choose_file_to_open();
+    void choose_file_to_add();
+    void take_in_opened(FileOpening::Mode mode);
+    void show_warnings();
+    void show_error(const QString& sentence);
+    void show_about();
+
+    KernelSession& m_session;
+    FileOpening m_opening;
+    RecentFiles m_recent_files;
+    TreePane* m_tree;
+    ProgressStrip* m_progress;
+    QDockWidget* m_monitor_dock;
+};

@@ -1,0 +1,39 @@
+#include <browser/window/Screenshot.hpp>
+
+#include <browser/window/MainWindow.hpp>
+#include <browser/window/TreePane.hpp>
+#include <QDir>
+#include <QImageWriter>
+
+namespace {
+
+constexpr int look_each_milliseconds = 20;
+
+} // namespace
+
+Screenshot::Screenshot(MainWindow& window, const QString& picture)
+    : m_window(window)
+    , m_picture(picture)
+{
+    connect(&m_wait_timer, &QTimer::timeout, this, &Screenshot::write_if_settled);
+}
+
+void Screenshot::take()
+{
+    m_wait_timer.start(look_each_milliseconds);
+}
+
+void Screenshot::write_if_settled()
+{
+    if (!m_window.tree().is_settled()) {
+        return;
+    }
+    m_wait_timer.stop();
+    QImageWriter writer(m_picture);
+    if (writer.write(m_window.grab().toImage())) {
+        Q_EMIT taken();
+    } else {
+        Q_EMIT failed(tr("Cannot write the picture \"%1\": %2.")
+                          .arg(QDir::toNativeSeparators(m_picture), writer.errorString()));
+    }
+}
