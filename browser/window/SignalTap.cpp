@@ -12,19 +12,25 @@ namespace {
 
 constexpr qint64 slice_in_milliseconds = 5;
 
-QString record_text(TreeModel& mirror, TreeData* record)
+// "surface 3". A record in destruction no longer knows its kind.
+QString short_text(TreeModel& mirror, TreeData* record)
 {
-    return QStringLiteral("%1 %2 \"%3\"")
-        .arg(MirrorTree(mirror).kind(record))
-        .arg(record->id())
-        .arg(record->name());
+    const bool has_kind = record->metaObject() != &TreeData::staticMetaObject;
+    return QStringLiteral("%1 %2")
+        .arg(has_kind ? MirrorTree(mirror).kind(record) : QStringLiteral("record"))
+        .arg(record->id());
+}
+
+QString long_text(TreeModel& mirror, TreeData* record)
+{
+    return QStringLiteral("%1 \"%2\"").arg(short_text(mirror, record), record->name());
 }
 
 QString argument_text(TreeModel& mirror, QMetaType type, const void* value)
 {
     if (type.flags().testFlag(QMetaType::PointerToQObject)) {
         auto* const record = qobject_cast<TreeData*>(*static_cast<QObject* const*>(value));
-        return record ? record_text(mirror, record) : QStringLiteral("none");
+        return record ? long_text(mirror, record) : QStringLiteral("none");
     }
     if (type == QMetaType::fromType<std::vector<TreeData*>>()) {
         const auto& records = *static_cast<const std::vector<TreeData*>*>(value);
@@ -54,10 +60,7 @@ protected:
             texts << argument_text(m_mirror, signal.parameterMetaType(i), arguments[i + 1]);
         }
         auto* const record = qobject_cast<TreeData*>(speaker);
-        const QString sender =
-            record
-                ? QStringLiteral("%1 %2").arg(MirrorTree(m_mirror).kind(record)).arg(record->id())
-                : QStringLiteral("TreeModel");
+        const QString sender = record ? short_text(m_mirror, record) : QStringLiteral("TreeModel");
         m_log.append(sender, QString::fromLatin1(signal.name()), texts.join(QLatin1String(", ")));
 
         static const QMetaMethod death = QMetaMethod::fromSignal(&TreeData::treedata_destroyed);

@@ -17,6 +17,14 @@ void tell(const QString& sentence)
     QTextStream(stderr) << "treebrowser: " << sentence << Qt::endl;
 }
 
+// The platform without a display warns of all that it does without.
+void pass_over_warnings(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg) {
+        tell(message);
+    }
+}
+
 bool has_display()
 {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
@@ -86,6 +94,7 @@ ExitCode run_window(const CommandLine& command, int& argc, char** argv)
     const bool takes_picture = command.action == CommandLine::TakeScreenshot;
     if (takes_picture) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+        qInstallMessageHandler(pass_over_warnings);
     } else if (!has_display()) {
         tell(QCoreApplication::translate(
             "WindowRun", "There is no display to open a window on; give --print or --screenshot."));
