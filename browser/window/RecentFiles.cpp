@@ -25,13 +25,6 @@ void RecentFiles::add(const QString& file)
     set_files(list.mid(0, MaxFiles));
 }
 
-void RecentFiles::remove(const QString& file)
-{
-    QStringList list = files();
-    list.removeAll(QFileInfo(file).absoluteFilePath());
-    set_files(list);
-}
-
 void RecentFiles::fill(QMenu* menu)
 {
     connect(menu, &QMenu::aboutToShow, this, [this, menu] { rebuild(menu); });

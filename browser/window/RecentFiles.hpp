@@ -19,7 +19,6 @@ public:
 
     /// Puts the file in front.
     void add(const QString& file);
-    void remove(const QString& file);
 
     /// Fills the menu each time it is about to be shown. Not owned.
     void fill(QMenu* menu);
