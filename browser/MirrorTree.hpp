@@ -64,8 +64,6 @@ private:
     bool is_hit(TreeData* record) const;
     bool has_hit_below(TreeData* record, TreeData* parent) const;
     std::vector<TreeData*> free_geometry() const;
-    std::vector<TreeData*> mesh_controls() const;
-    std::vector<TreeData*> simulation() const;
     QStringList geometry_flags(TreeGeometryData* record) const;
 
     TreeModel& m_mirror;

@@ -42,8 +42,8 @@ std::vector<Line> selected_lines(const QItemSelection& selection)
 
 } // namespace
 
-QString branch_text(const QItemSelection& selection,
-    const std::function<QString(const QModelIndex& index)>& line)
+QString branch_text(
+    const QItemSelection& selection, const std::function<QString(const QModelIndex& index)>& line)
 {
     constexpr int spaces_per_level = 2;
     const std::vector<Line> lines = selected_lines(selection);

@@ -14,8 +14,7 @@ SelectionCounts::SelectionCounts(const std::vector<TreeData*>& records)
 
 int SelectionCounts::between(ItemKind first, ItemKind last) const
 {
-    return std::accumulate(
-        m_counts.begin() + int(first), m_counts.begin() + int(last) + 1, 0);
+    return std::accumulate(m_counts.begin() + int(first), m_counts.begin() + int(last) + 1, 0);
 }
 
 QString SelectionCounts::text() const

@@ -1,7 +1,6 @@
 #include <browser/window/SignalTap.hpp>
 
-#include <browser/MirrorRecords.hpp>
-#include <browser/MirrorTree.hpp>
+#include <browser/items/MirrorRecords.hpp>
 #include <browser/window/SignalEar.hpp>
 #include <browser/window/SignalLog.hpp>
 #include <QElapsedTimer>
@@ -13,24 +12,25 @@ namespace {
 constexpr qint64 slice_in_milliseconds = 5;
 
 // "surface 3". A record in destruction no longer knows its kind.
-QString short_text(TreeModel& mirror, TreeData* record)
+QString short_text(TreeData* record)
 {
     const bool has_kind = record->metaObject() != &TreeData::staticMetaObject;
     return QStringLiteral("%1 %2")
-        .arg(has_kind ? MirrorTree(mirror).kind(record) : QStringLiteral("record"))
+        .arg(has_kind ? QString::fromStdString(item_kind_info(item_kind(record)).word)
+                      : QStringLiteral("record"))
         .arg(record->id());
 }
 
-QString long_text(TreeModel& mirror, TreeData* record)
+QString long_text(TreeData* record)
 {
-    return QStringLiteral("%1 \"%2\"").arg(short_text(mirror, record), record->name());
+    return QStringLiteral("%1 \"%2\"").arg(short_text(record), record->name());
 }
 
-QString argument_text(TreeModel& mirror, QMetaType type, const void* value)
+QString argument_text(QMetaType type, const void* value)
 {
     if (type.flags().testFlag(QMetaType::PointerToQObject)) {
         auto* const record = qobject_cast<TreeData*>(*static_cast<QObject* const*>(value));
-        return record ? long_text(mirror, record) : QStringLiteral("none");
+        return record ? long_text(record) : QStringLiteral("none");
     }
     if (type == QMetaType::fromType<std::vector<TreeData*>>()) {
         const auto& records = *static_cast<const std::vector<TreeData*>*>(value);
@@ -45,9 +45,8 @@ QString argument_text(TreeModel& mirror, QMetaType type, const void* value)
 class SignalTap::Ear : public SignalEar
 {
 public:
-    Ear(TreeModel& mirror, SignalLog& log, QObject* parent)
+    Ear(SignalLog& log, QObject* parent)
         : SignalEar(parent)
-        , m_mirror(mirror)
         , m_log(log)
     {
     }
@@ -57,10 +56,10 @@ protected:
     {
         QStringList texts;
         for (int i = 0; i < signal.parameterCount(); ++i) {
-            texts << argument_text(m_mirror, signal.parameterMetaType(i), arguments[i + 1]);
+            texts << argument_text(signal.parameterMetaType(i), arguments[i + 1]);
         }
         auto* const record = qobject_cast<TreeData*>(speaker);
-        const QString sender = record ? short_text(m_mirror, record) : QStringLiteral("TreeModel");
+        const QString sender = record ? short_text(record) : QStringLiteral("TreeModel");
         m_log.append(sender, QString::fromLatin1(signal.name()), texts.join(QLatin1String(", ")));
 
         static const QMetaMethod death = QMetaMethod::fromSignal(&TreeData::treedata_destroyed);
@@ -70,7 +69,6 @@ protected:
     }
 
 private:
-    TreeModel& m_mirror;
     SignalLog& m_log;
     int m_deaths = 0;
 };
@@ -99,14 +97,20 @@ SignalTap::SignalTap(TreeModel& mirror, SignalLog& log)
 void SignalTap::listen(QObject* speaker)
 {
     if (!m_ear || m_ear->is_full()) {
-        m_ear = new Ear(m_mirror, m_log, this);
+        m_ear = new Ear(m_log, this);
     }
     m_ear->listen(speaker);
 }
 
 void SignalTap::queue_present_records()
 {
-    for (TreeData* record : all_records(m_mirror)) {
+    const MirrorRecords records(m_mirror);
+    for (int kind = 0; kind < int(ItemKind::FirstCategory); ++kind) {
+        for (TreeData* record : records.all(ItemKind(kind))) {
+            m_unheard.emplace_back(record);
+        }
+    }
+    for (TreeData* record : m_mirror.mesh_data()) {
         m_unheard.emplace_back(record);
     }
 }

@@ -184,7 +184,7 @@ void tst_SignalMonitor::signalsOfAllClassesOfRecordsAreHeard()
 
     const QStringList heard = rows();
     for (const char* row : {"volume 1 virtual_changed(true)", "block 1 lite_status_changed(true)",
-             "elements 0 element_count_changed(3)", "volume 7 id_changed(7)"}) {
+             "hex 0 element_count_changed(3)", "volume 7 id_changed(7)"}) {
         QVERIFY2(heard.contains(QLatin1String(row)), qPrintable(heard.join('\n')));
     }
 }
