@@ -2,7 +2,10 @@
 
 #include <browser/KernelSession.hpp>
 #include <browser/window/ActionRow.hpp>
+#include <browser/window/CategoryMenu.hpp>
+#include <browser/window/EntityView.hpp>
 #include <browser/window/ProgressStrip.hpp>
+#include <browser/window/SelectionCounts.hpp>
 #include <browser/window/SignalMonitor.hpp>
 #include <browser/window/TreePane.hpp>
 #include <QCloseEvent>
@@ -12,12 +15,12 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QSettings>
 #include <QStatusBar>
-#include <QTreeView>
 
 namespace {
 
@@ -38,16 +41,20 @@ MainWindow::MainWindow(KernelSession& session, QWidget* parent)
     : QMainWindow(parent)
     , m_session(session)
     , m_opening(session.kernel())
-    , m_tree(new TreePane(session))
-    , m_progress(new ProgressStrip)
+    , m_tree(new TreePane(session.mirror()))
 {
+    setWindowIcon(QIcon(":/treebrowser/window/treebrowser.svg"));
+    setWindowFilePath({});
     setCentralWidget(m_tree);
     setAcceptDrops(true);
     resize(1100, 720);
-    statusBar()->addPermanentWidget(m_progress);
     create_docks();
-    create_menus();
+    create_file_menu();
+    create_view_menu();
+    create_help_menu();
+    create_status_bar();
     follow_opening();
+    m_tree->view()->setFocus();
 }
 
 void MainWindow::create_docks()
@@ -56,35 +63,75 @@ void MainWindow::create_docks()
     m_monitor_dock->setObjectName("signal_monitor");
     m_monitor_dock->setWidget(new SignalMonitor(m_session.mirror()));
     m_monitor_dock->hide();
+    m_monitor_dock->toggleViewAction()->setShortcut(QKeySequence("Ctrl+M"));
     addDockWidget(Qt::BottomDockWidgetArea, m_monitor_dock);
 }
 
-void MainWindow::create_menus()
+void MainWindow::create_file_menu()
 {
     using Row = ActionRow<MainWindow>;
-    static constexpr std::array file_rows{
-        Row{"open", QT_TR_NOOP("&Open…"), "Ctrl+O", &MainWindow::choose_file_to_open},
+    static constexpr std::array rows{
+        Row{"open", QT_TR_NOOP("&Open…"), "Ctrl+O", &MainWindow::choose_file_to_open,
+            ":/treebrowser/window/open.svg"},
         Row{"add", QT_TR_NOOP("&Add File…"), "Ctrl+Shift+O", &MainWindow::choose_file_to_add},
     };
-    static constexpr std::array help_rows{
-        Row{"about", QT_TR_NOOP("&About treebrowser"), "", &MainWindow::show_about},
-    };
+    QMenu* const menu = menuBar()->addMenu(tr("&File"));
+    add_actions(menu, this, std::span<const Row>(rows));
 
-    QMenu* const file = menuBar()->addMenu(tr("&File"));
-    add_actions(file, this, std::span<const Row>(file_rows));
-    QMenu* const recent = file->addMenu(tr("Open &Recent"));
+    QMenu* const recent = menu->addMenu(tr("Open &Recent"));
     recent->setToolTipsVisible(true);
     m_recent_files.fill(recent);
     connect(&m_recent_files, &RecentFiles::chosen, this, &MainWindow::open_file);
-    file->addSeparator();
-    QAction* const quit = file->addAction(tr("&Quit"), this, &QWidget::close);
+
+    menu->addSeparator();
+    QAction* const quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence("Ctrl+Q"));
+}
 
-    QMenu* const view = menuBar()->addMenu(tr("&View"));
-    view->addAction(m_monitor_dock->toggleViewAction());
+void MainWindow::create_view_menu()
+{
+    using Row = ActionRow<TreePane>;
+    static constexpr std::array rows{
+        Row{"find", QT_TRANSLATE_NOOP("TreePane", "&Find"), "Ctrl+F", &TreePane::edit_filter},
+        Row{},
+        Row{"expand", QT_TRANSLATE_NOOP("TreePane", "&Expand Branch"), "Ctrl+Right",
+            &TreePane::expand_branch, ":/treebrowser/window/expand.svg"},
+        Row{"collapse", QT_TRANSLATE_NOOP("TreePane", "C&ollapse Branch"), "Ctrl+Left",
+            &TreePane::collapse_branch, ":/treebrowser/window/collapse.svg"},
+        Row{"go_to_selection", QT_TRANSLATE_NOOP("TreePane", "&Go to Selection"), "Ctrl+J",
+            &TreePane::go_to_selection, ":/treebrowser/window/goto.svg"},
+    };
+    QMenu* const menu = menuBar()->addMenu(tr("&View"));
+    add_actions(menu, m_tree, std::span<const Row>(rows));
 
-    QMenu* const help = menuBar()->addMenu(tr("&Help"));
-    add_actions(help, this, std::span<const Row>(help_rows));
+    QAction* const follow = menu->addAction(tr("Fo&llow Selection"));
+    follow->setObjectName("follow_selection");
+    follow->setCheckable(true);
+    connect(follow, &QAction::toggled, this,
+        [this](bool follows) { m_tree->selection().set_following(follows); });
+
+    menu->addSeparator();
+    m_categories = new CategoryMenu(m_tree->join(), this);
+    menu->addMenu(m_categories);
+    menu->addSeparator();
+    menu->addAction(m_monitor_dock->toggleViewAction());
+}
+
+void MainWindow::create_help_menu()
+{
+    QMenu* const menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(tr("&About treebrowser"), this, &MainWindow::show_about);
+}
+
+void MainWindow::create_status_bar()
+{
+    m_selection_text = new QLabel;
+    m_selection_text->setObjectName("selection_text");
+    m_progress = new ProgressStrip;
+    statusBar()->addPermanentWidget(m_selection_text);
+    statusBar()->addPermanentWidget(m_progress);
+    connect(
+        &m_tree->selection(), &SelectionLink::records_changed, this, &MainWindow::show_selection);
 }
 
 void MainWindow::follow_opening()
@@ -109,6 +156,7 @@ void MainWindow::restore_state()
     const QSettings settings;
     restoreGeometry(settings.value(geometry_key).toByteArray());
     restoreState(settings.value(state_key).toByteArray());
+    m_categories->restore();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -116,6 +164,7 @@ void MainWindow::closeEvent(QCloseEvent* event)
     QSettings settings;
     settings.setValue(geometry_key, saveGeometry());
     settings.setValue(state_key, saveState());
+    m_categories->save();
     QMainWindow::closeEvent(event);
 }
 
@@ -194,6 +243,13 @@ void MainWindow::show_warnings()
     box->setInformativeText(warnings.constFirst());
     box->setDetailedText(warnings.join(QLatin1Char('\n')));
     box->open();
+}
+
+void MainWindow::show_selection()
+{
+    const SelectionCounts counts(m_tree->selection().records());
+    m_selection_text->setText(
+        counts.total() > 0 ? tr("Selected: %1").arg(counts.text()) : QString());
 }
 
 void MainWindow::show_error(const QString& sentence)

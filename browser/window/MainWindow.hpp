@@ -4,9 +4,10 @@
 #include <browser/window/RecentFiles.hpp>
 #include <QMainWindow>
 
+class CategoryMenu;
 class KernelSession;
 class ProgressStrip;
-class SignalMonitor;
+class QLabel;
 class TreePane;
 
 /// The browser's window: the tree of a session in the middle, the properties of what is
@@ -22,7 +23,7 @@ public:
     FileOpening& file_opening() { return m_opening; }
     TreePane& tree() { return *m_tree; }
 
-    /// Brings size, docks and columns back to what they were when the window was closed.
+    /// Brings size, docks and hidden categories back to what they were when a window was closed.
     void restore_state();
 
     /// Reads the file and puts its model in the place of the present one if that succeeds.
@@ -36,14 +37,18 @@ protected:
     void dropEvent(QDropEvent* event) override;
 
 private:
-    void create_menus();
     void create_docks();
+    void create_file_menu();
+    void create_view_menu();
+    void create_help_menu();
+    void create_status_bar();
     void follow_opening();
     void choose_file(const QString& title, FileOpening::Mode mode);
     void choose_file_to_open();
     void choose_file_to_add();
     void take_in_opened(FileOpening::Mode mode);
     void show_warnings();
+    void show_selection();
     void show_error(const QString& sentence);
     void show_about();
 
@@ -51,6 +56,8 @@ private:
     FileOpening m_opening;
     RecentFiles m_recent_files;
     TreePane* m_tree;
-    ProgressStrip* m_progress;
     QDockWidget* m_monitor_dock;
+    CategoryMenu* m_categories;
+    ProgressStrip* m_progress;
+    QLabel* m_selection_text;
 };

@@ -1,6 +1,7 @@
 #include <browser/window/WindowRun.hpp>
 
 #include <browser/CommandLine.hpp>
+#include <browser/editing/FilterBar.hpp>
 #include <browser/KernelSession.hpp>
 #include <browser/window/DarkPalette.hpp>
 #include <browser/window/MainWindow.hpp>
@@ -41,9 +42,9 @@ void set_dark_colours()
 QString arrange(const CommandLine& command, KernelSession& session, MainWindow& window)
 {
     if (command.depth) {
-        window.tree().expand_levels(*command.depth);
+        window.tree().show_levels(*command.depth);
     }
-    window.tree().set_filter(command.filter);
+    window.tree().filter_bar()->setText(command.filter);
     return session.select(command.selection);
 }
 
