@@ -1,26 +1,34 @@
 #pragma once
 
 #include <QStringList>
+#include <treemodel/entity/EntityCategory.hpp>
+#include <treemodel/entity/EntityModel.hpp>
 
-class EntityItem;
-class EntityModel;
-class MirrorItems;
+/// A new child of `parent`, at top level if that is null, which can have children itself.
+inline SimpleItem* add_item(EntityModel& items, EntityItem* parent, const QString& name, int id = 0)
+{
+    auto* item = new SimpleItem(name, 1, new SortedEntityList);
+    item->setId(id);
+    items.addEntity(parent, item);
+    return item;
+}
 
-/// The rows of an item model, for tests to compare and read.
-namespace ItemTree {
+inline EntityItem* add_heading(EntityModel& items, const QString& name, int place = 0)
+{
+    auto* heading = new EntityCategory(name, 1, place, 0);
+    heading->setList(new SortedEntityList);
+    items.addEntity(nullptr, heading);
+    return heading;
+}
 
-/// One line a row, indented by its depth: `  Lid <surface 5> hidden`. Siblings come as the model
-/// shows them.
-QStringList rows(const EntityModel& model);
-
-/// The row of an item and those below it.
-QStringList rows(EntityItem* item);
-
-/// The same with siblings in an order of their own, whatever the model's.
-QStringList sorted_rows(const EntityModel& model);
-
-/// What is wrong in any case: rows that are not in the order of `column`, a record twice below
-/// one parent, a row of a record that the mirror does not hold. Empty if nothing.
-QString fault(const MirrorItems& join, int column, Qt::SortOrder order);
-
-} // namespace ItemTree
+/// The rows of a model as "Wheel(Rim Tyre(Valve)) Axle".
+inline QString shown_tree(const QAbstractItemModel& model, const QModelIndex& parent = {})
+{
+    QStringList texts;
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        const QModelIndex index = model.index(row, 0, parent);
+        const QString below = shown_tree(model, index);
+        texts << index.data().toString() + (below.isEmpty() ? below : u'(' + below + u')');
+    }
+    return texts.join(u' ');
+}

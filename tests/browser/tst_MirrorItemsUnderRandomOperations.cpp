@@ -1,4 +1,4 @@
-#include "ItemTree.hpp"
+#include "ItemRows.hpp"
 #include "ModelFindings.hpp"
 
 #include <algorithm>
@@ -72,14 +72,14 @@ public:
         MirrorItems fresh(m_mirror, fresh_items);
         fresh.settle();
         const QString difference =
-            first_difference(ItemTree::sorted_rows(m_items), ItemTree::sorted_rows(fresh_items));
+            first_difference(ItemRows::sorted_rows(m_items), ItemRows::sorted_rows(fresh_items));
         return difference.isEmpty() ? difference : QStringLiteral("The tree ") + difference;
     }
 
 private:
     QString fault() const
     {
-        const QString wrong = ItemTree::fault(m_join, m_column, m_order);
+        const QString wrong = ItemRows::fault(m_join, m_column, m_order);
         return wrong + m_findings.first() + m_spy.differences();
     }
 

@@ -1,4 +1,4 @@
-#include "ItemTree.hpp"
+#include "ItemRows.hpp"
 
 #include <algorithm>
 #include <browser/items/MirrorItems.hpp>
@@ -101,22 +101,22 @@ QString fault_below(EntityItem* item, const MirrorItems& join, const QSet<TreeDa
 
 } // namespace
 
-QStringList ItemTree::rows(const EntityModel& model)
+QStringList ItemRows::rows(const EntityModel& model)
 {
     return all_rows(model, false);
 }
 
-QStringList ItemTree::rows(EntityItem* item)
+QStringList ItemRows::rows(EntityItem* item)
 {
     return tree_of(item, false);
 }
 
-QStringList ItemTree::sorted_rows(const EntityModel& model)
+QStringList ItemRows::sorted_rows(const EntityModel& model)
 {
     return all_rows(model, true);
 }
 
-QString ItemTree::fault(const MirrorItems& join, int column, Qt::SortOrder order)
+QString ItemRows::fault(const MirrorItems& join, int column, Qt::SortOrder order)
 {
     const QSet<TreeData*> records = records_of(join.mirror());
     const EntityModel& model = join.items();
