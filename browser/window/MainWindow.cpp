@@ -92,7 +92,7 @@ void MainWindow::create_view_menu()
 {
     using Row = ActionRow<TreePane>;
     static constexpr std::array rows{
-        Row{"find", QT_TRANSLATE_NOOP("TreePane", "&Find"), "Ctrl+F", &TreePane::edit_filter},
+        Row{"find", QT_TRANSLATE_NOOP("TreePane", "&Find\tCtrl+F"), "", &TreePane::edit_filter},
         Row{},
         Row{"expand", QT_TRANSLATE_NOOP("TreePane", "&Expand Branch"), "Ctrl+Right",
             &TreePane::expand_branch, ":/treebrowser/window/expand.svg"},

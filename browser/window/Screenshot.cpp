@@ -8,6 +8,8 @@
 namespace {
 
 constexpr int look_each_milliseconds = 20;
+// What follows the rows by a delay of its own, such as marking a selection, is then done.
+constexpr int enough_looks = 20;
 
 } // namespace
 
@@ -25,7 +27,8 @@ void Screenshot::take()
 
 void Screenshot::write_if_settled()
 {
-    if (!m_window.tree().is_settled()) {
+    m_settled_looks = m_window.tree().is_settled() ? m_settled_looks + 1 : 0;
+    if (m_settled_looks < enough_looks) {
         return;
     }
     m_wait_timer.stop();

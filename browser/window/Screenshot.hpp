@@ -30,4 +30,5 @@ private:
     MainWindow& m_window;
     QString m_picture;
     QTimer m_wait_timer;
+    int m_settled_looks = 0; // In a row
 };
