@@ -1,5 +1,6 @@
 #include <browser/window/EntityView.hpp>
 
+#include <browser/window/RowDelegate.hpp>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QPainter>
@@ -7,6 +8,7 @@
 EntityView::EntityView(QWidget* parent)
     : QTreeView(parent)
 {
+    setItemDelegate(new RowDelegate(this));
     setUniformRowHeights(true);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(EditKeyPressed);
