@@ -3,6 +3,7 @@
 #include <browser/KernelSession.hpp>
 #include <browser/window/ActionRow.hpp>
 #include <browser/window/CategoryMenu.hpp>
+#include <browser/window/CategoryViews.hpp>
 #include <browser/window/EntityView.hpp>
 #include <browser/window/ProgressStrip.hpp>
 #include <browser/window/SelectionCounts.hpp>
@@ -42,6 +43,7 @@ MainWindow::MainWindow(KernelSession& session, QWidget* parent)
     , m_session(session)
     , m_opening(session.kernel())
     , m_tree(new TreePane(session.mirror()))
+    , m_manager(m_tree->join())
 {
     setWindowIcon(QIcon(":/treebrowser/window/treebrowser.svg"));
     setWindowFilePath({});
@@ -59,6 +61,10 @@ MainWindow::MainWindow(KernelSession& session, QWidget* parent)
 
 void MainWindow::create_docks()
 {
+    m_views = new CategoryViews(m_manager, this);
+    for (QDockWidget* dock : m_views->docks()) {
+        addDockWidget(Qt::RightDockWidgetArea, dock);
+    }
     m_monitor_dock = new QDockWidget(tr("Signal Monitor"));
     m_monitor_dock->setObjectName("signal_monitor");
     m_monitor_dock->setWidget(new SignalMonitor(m_session.mirror()));
@@ -114,6 +120,9 @@ void MainWindow::create_view_menu()
     m_categories = new CategoryMenu(m_tree->join(), this);
     menu->addMenu(m_categories);
     menu->addSeparator();
+    for (const QDockWidget* dock : m_views->docks()) {
+        menu->addAction(dock->toggleViewAction());
+    }
     menu->addAction(m_monitor_dock->toggleViewAction());
 }
 
@@ -247,9 +256,17 @@ void MainWindow::show_warnings()
 
 void MainWindow::show_selection()
 {
-    const SelectionCounts counts(m_tree->selection().records());
+    const std::vector<TreeData*> records = m_tree->selection().records();
+    const SelectionCounts counts(records);
     m_selection_text->setText(
         counts.total() > 0 ? tr("Selected: %1").arg(counts.text()) : QString());
+
+    std::vector<EntityItem*> items;
+    for (TreeData* record : records) {
+        const std::vector<EntityItem*> places = m_tree->join().places(record);
+        items.insert(items.end(), places.begin(), places.begin() + !places.empty());
+    }
+    m_views->show_items(items);
 }
 
 void MainWindow::show_error(const QString& sentence)

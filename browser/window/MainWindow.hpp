@@ -1,10 +1,12 @@
 #pragma once
 
+#include <browser/items/CategoryManager.hpp>
 #include <browser/window/FileOpening.hpp>
 #include <browser/window/RecentFiles.hpp>
 #include <QMainWindow>
 
 class CategoryMenu;
+class CategoryViews;
 class KernelSession;
 class ProgressStrip;
 class QLabel;
@@ -56,6 +58,8 @@ private:
     FileOpening m_opening;
     RecentFiles m_recent_files;
     TreePane* m_tree;
+    CategoryManager m_manager;
+    CategoryViews* m_views;
     QDockWidget* m_monitor_dock;
     CategoryMenu* m_categories;
     ProgressStrip* m_progress;

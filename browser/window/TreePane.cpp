@@ -87,7 +87,7 @@ void TreePane::rename()
 
 void TreePane::edit_filter()
 {
-    m_filter_bar->setFocus();
+    m_filter_bar->focus();
 }
 
 void TreePane::show_wanted_levels()

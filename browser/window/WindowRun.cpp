@@ -44,7 +44,7 @@ QString arrange(const CommandLine& command, KernelSession& session, MainWindow& 
     if (command.depth) {
         window.tree().show_levels(*command.depth);
     }
-    window.tree().filter_bar()->setText(command.filter);
+    window.tree().filter_bar()->set_text(command.filter);
     return session.select(command.selection);
 }
 
