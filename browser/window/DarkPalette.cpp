@@ -27,7 +27,7 @@ constexpr std::array role_colors{
     RoleColor{QPalette::Mid, 0x2f3235},
     RoleColor{QPalette::Dark, 0x1a1b1d},
     RoleColor{QPalette::Shadow, 0x0f1011},
-    RoleColor{QPalette::Highlight, 0x3a4f6b},
+    RoleColor{QPalette::Highlight, 0x2f65ca},
     RoleColor{QPalette::HighlightedText, 0xffffff},
     RoleColor{QPalette::Link, 0x6ba4ff},
     RoleColor{QPalette::LinkVisited, 0xb48ead},

@@ -1,14 +1,30 @@
 #include <browser/window/EntityView.hpp>
 
-#include <browser/window/RowDelegate.hpp>
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QPainter>
 
+namespace {
+
+// A highlight on which the icons can be seen.
+QPalette softened(QPalette palette)
+{
+    constexpr float part_of_highlight = 0.35F;
+    const QColor base = palette.color(QPalette::Base);
+    const QColor highlight = palette.color(QPalette::Highlight);
+    const auto mix = [](float from, float to) { return from + (to - from) * part_of_highlight; };
+    palette.setColor(QPalette::Highlight,
+        QColor::fromRgbF(mix(base.redF(), highlight.redF()), mix(base.greenF(), highlight.greenF()),
+            mix(base.blueF(), highlight.blueF())));
+    palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+    return palette;
+}
+
+} // namespace
+
 EntityView::EntityView(QWidget* parent)
     : QTreeView(parent)
 {
-    setItemDelegate(new RowDelegate(this));
     setUniformRowHeights(true);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(EditKeyPressed);
@@ -67,6 +83,14 @@ void EntityView::set_expanded_below(const QModelIndex& index, bool expanded)
 void EntityView::contextMenuEvent(QContextMenuEvent* event)
 {
     Q_EMIT menu_wanted(event->globalPos());
+}
+
+void EntityView::drawRow(
+    QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
+{
+    QStyleOptionViewItem row = option;
+    row.palette = softened(option.palette);
+    QTreeView::drawRow(painter, row, index);
 }
 
 void EntityView::paintEvent(QPaintEvent* event)

@@ -27,6 +27,8 @@ Q_SIGNALS:
 
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+        const QModelIndex& index) const override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -6,6 +6,7 @@
 #include <browser/window/CategoryViews.hpp>
 #include <browser/window/EntityView.hpp>
 #include <browser/window/ProgressStrip.hpp>
+#include <browser/window/RowDelegate.hpp>
 #include <browser/window/SelectionCounts.hpp>
 #include <browser/window/SignalMonitor.hpp>
 #include <browser/window/TreePane.hpp>
@@ -28,6 +29,8 @@ namespace {
 constexpr const char* geometry_key = "window/geometry";
 constexpr const char* state_key = "window/state";
 constexpr int message_milliseconds = 8000;
+// Of a new model the categories and what is in them.
+constexpr int first_levels = 2;
 
 // The one file that is dragged; empty if it is something else.
 QString dragged_file(const QMimeData* data)
@@ -56,6 +59,9 @@ MainWindow::MainWindow(KernelSession& session, QWidget* parent)
     create_help_menu();
     create_status_bar();
     follow_opening();
+    for (QTreeView* view : findChildren<QTreeView*>()) {
+        view->setItemDelegate(new RowDelegate(view));
+    }
     m_tree->view()->setFocus();
 }
 
@@ -64,6 +70,7 @@ void MainWindow::create_docks()
     m_views = new CategoryViews(m_manager, this);
     for (QDockWidget* dock : m_views->docks()) {
         addDockWidget(Qt::RightDockWidgetArea, dock);
+        resizeDocks({dock}, {width() / 3}, Qt::Horizontal);
     }
     m_monitor_dock = new QDockWidget(tr("Signal Monitor"));
     m_monitor_dock->setObjectName("signal_monitor");
@@ -231,6 +238,7 @@ void MainWindow::take_in_opened(FileOpening::Mode mode)
     m_recent_files.add(m_opening.file());
     if (mode == FileOpening::Replace) {
         setWindowFilePath(m_opening.file());
+        m_tree->show_levels(first_levels);
     }
     statusBar()->showMessage(
         tr("Opened %1").arg(QDir::toNativeSeparators(m_opening.file())), message_milliseconds);

@@ -35,6 +35,7 @@ void TreePane::create_layout()
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
+    m_filter_bar->setContentsMargins(4, 4, 4, 4);
     layout->addWidget(m_filter_bar);
     layout->addWidget(m_view);
     setFocusProxy(m_view);

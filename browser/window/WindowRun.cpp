@@ -45,7 +45,9 @@ QString arrange(const CommandLine& command, KernelSession& session, MainWindow& 
         window.tree().show_levels(*command.depth);
     }
     window.tree().filter_bar()->set_text(command.filter);
-    return session.select(command.selection);
+    const QString problem = session.select(command.selection);
+    window.tree().go_to_selection();
+    return problem;
 }
 
 ExitCode show_window(const CommandLine& command, KernelSession& session, MainWindow& window)
