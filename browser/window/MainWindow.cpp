@@ -4,12 +4,15 @@
 #include <browser/window/ActionRow.hpp>
 #include <browser/window/CategoryMenu.hpp>
 #include <browser/window/CategoryViews.hpp>
+#include <browser/window/EditActions.hpp>
 #include <browser/window/EntityView.hpp>
 #include <browser/window/ProgressStrip.hpp>
 #include <browser/window/RowDelegate.hpp>
 #include <browser/window/SelectionCounts.hpp>
 #include <browser/window/SignalMonitor.hpp>
+#include <browser/window/TreeMenu.hpp>
 #include <browser/window/TreePane.hpp>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QDockWidget>
@@ -23,6 +26,7 @@
 #include <QMimeData>
 #include <QSettings>
 #include <QStatusBar>
+#include <QToolBar>
 
 namespace {
 
@@ -47,6 +51,7 @@ MainWindow::MainWindow(KernelSession& session, QWidget* parent)
     , m_opening(session.kernel())
     , m_tree(new TreePane(session.mirror()))
     , m_manager(m_tree->join())
+    , m_edit_actions(new EditActions(session.kernel(), *m_tree, session.mirror()))
 {
     setWindowIcon(QIcon(":/treebrowser/window/treebrowser.svg"));
     setWindowFilePath({});
@@ -55,9 +60,12 @@ MainWindow::MainWindow(KernelSession& session, QWidget* parent)
     resize(1100, 720);
     create_docks();
     create_file_menu();
+    create_edit_menus();
     create_view_menu();
     create_help_menu();
+    create_tool_bar();
     create_status_bar();
+    new TreeMenu(*m_tree, *m_edit_actions, *m_categories);
     follow_opening();
     for (QTreeView* view : findChildren<QTreeView*>()) {
         view->setItemDelegate(new RowDelegate(view));
@@ -101,6 +109,15 @@ void MainWindow::create_file_menu()
     quit->setShortcut(QKeySequence("Ctrl+Q"));
 }
 
+void MainWindow::create_edit_menus()
+{
+    m_edit_actions->fill_edit_menu(menuBar()->addMenu(tr("&Edit")));
+    m_edit_actions->fill_create_menu(menuBar()->addMenu(tr("&Create")));
+    connect(m_edit_actions, &EditActions::refused, this, [this](const QString& sentence) {
+        statusBar()->showMessage(sentence, message_milliseconds);
+    });
+}
+
 void MainWindow::create_view_menu()
 {
     using Row = ActionRow<TreePane>;
@@ -137,6 +154,26 @@ void MainWindow::create_help_menu()
 {
     QMenu* const menu = menuBar()->addMenu(tr("&Help"));
     menu->addAction(tr("&About treebrowser"), this, &MainWindow::show_about);
+}
+
+void MainWindow::create_tool_bar()
+{
+    QToolBar* const bar = addToolBar(tr("Tools"));
+    bar->setObjectName("tools");
+    bar->addAction(findChild<QAction*>("open"));
+    bar->addSeparator();
+    for (const char* name : {"show", "hide", "show_only", "restore", "delete"}) {
+        bar->addAction(m_edit_actions->action(name));
+    }
+    bar->addSeparator();
+    for (const ItemKind kind :
+        {ItemKind::Group, ItemKind::Block, ItemKind::Sideset, ItemKind::Nodeset}) {
+        bar->addAction(m_edit_actions->create_action(kind));
+    }
+    bar->addSeparator();
+    for (const char* name : {"expand", "collapse", "go_to_selection"}) {
+        bar->addAction(m_tree->findChild<QAction*>(name));
+    }
 }
 
 void MainWindow::create_status_bar()
@@ -290,5 +327,5 @@ void MainWindow::show_about()
 {
     QMessageBox::about(this, tr("About treebrowser"),
         tr("treebrowser %1\n\nShows what a geometry kernel holds as a live tree.")
-            .arg(QCoreApplication::applicationVersion()));
+            .arg(QApplication::applicationVersion()));
 }

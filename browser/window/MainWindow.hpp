@@ -7,6 +7,7 @@
 
 class CategoryMenu;
 class CategoryViews;
+class EditActions;
 class KernelSession;
 class ProgressStrip;
 class QLabel;
@@ -41,8 +42,10 @@ protected:
 private:
     void create_docks();
     void create_file_menu();
+    void create_edit_menus();
     void create_view_menu();
     void create_help_menu();
+    void create_tool_bar();
     void create_status_bar();
     void follow_opening();
     void choose_file(const QString& title, FileOpening::Mode mode);
@@ -61,6 +64,7 @@ private:
     CategoryManager m_manager;
     CategoryViews* m_views;
     QDockWidget* m_monitor_dock;
+    EditActions* m_edit_actions;
     CategoryMenu* m_categories;
     ProgressStrip* m_progress;
     QLabel* m_selection_text;
