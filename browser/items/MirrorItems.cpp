@@ -29,7 +29,7 @@ MirrorItems::MirrorItems(TreeModel& mirror, EntityModel& items, QObject* parent)
         m_items.addEntity(nullptr, category);
     }
     connect(&m_items, &EntityModel::rowsInserted, this, &MirrorItems::note_shown_rows);
-    m_timer.callOnTimeout(this, &MirrorItems::run_slice);
+    m_timer.callOnTimeout(this, [this] { advance(QDeadlineTimer(slice_ms)); });
     follow_geometry();
     follow_groups();
     follow_mesh();
@@ -99,11 +99,20 @@ bool MirrorItems::is_settled() const
            m_unfilled.size() == 0;
 }
 
+bool MirrorItems::advance(QDeadlineTimer deadline)
+{
+    // Receivers of the row signals may ask for it.
+    if (!m_is_working) {
+        const QScopedValueRollback working(m_is_working, true);
+        while (step(deadline) && !deadline.hasExpired()) {}
+        finish_slice();
+    }
+    return !is_settled();
+}
+
 void MirrorItems::settle()
 {
-    if (!m_is_working) {
-        work(QDeadlineTimer::Forever);
-    }
+    advance(QDeadlineTimer::Forever);
 }
 
 void MirrorItems::update_item(EntityItem* item)
@@ -122,20 +131,6 @@ void MirrorItems::schedule()
     if (!m_timer.isActive()) {
         m_timer.start(0);
     }
-}
-
-void MirrorItems::run_slice()
-{
-    if (!m_is_working) {
-        work(QDeadlineTimer(slice_ms));
-    }
-}
-
-void MirrorItems::work(QDeadlineTimer deadline)
-{
-    const QScopedValueRollback working(m_is_working, true);
-    while (step(deadline) && !deadline.hasExpired()) {}
-    finish_slice();
 }
 
 // Nothing is deleted of which there is still something to read, and rows are added only

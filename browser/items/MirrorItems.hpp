@@ -69,6 +69,10 @@ public:
     /// True if the rows are what the mirror says.
     bool is_settled() const;
 
+    /// Does one slice, at least one step, of what is left to do; false if nothing is left then.
+    /// The timer does this, with a deadline of some milliseconds.
+    bool advance(QDeadlineTimer deadline);
+
     /// Does at once all that is left to do.
     void settle();
 
@@ -106,8 +110,6 @@ private:
     void schedule();
 
     // Slices.
-    void run_slice();
-    void work(QDeadlineTimer deadline);
     bool step(QDeadlineTimer deadline);
     void finish_slice();
     void show_counts();
