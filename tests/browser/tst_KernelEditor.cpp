@@ -52,21 +52,32 @@ struct EditedModel : JoinedModel
         return failed.size() == 1 ? failed.takeFirst().at(0).toString() : QString();
     }
 
-    /// Everything that can be hidden, as "body 1, volume 1": what is shown of it.
+    Records all_that_can_be_hidden()
+    {
+        Records records;
+        const auto append = [&records](const auto& more) {
+            records.insert(records.end(), more.begin(), more.end());
+        };
+        using Geometry = TreeGeometryData;
+        for (const Geometry::GeometryType type : {Geometry::BODY, Geometry::VOLUME,
+                 Geometry::SURFACE, Geometry::CURVE, Geometry::VERTEX}) {
+            append(mirror.geometry(type));
+        }
+        append(mirror.groups());
+        using Exodus = TreeExodusData;
+        for (const Exodus::ExodusType type : {Exodus::BLOCK, Exodus::SIDESET, Exodus::NODESET}) {
+            append(mirror.exodus_entities(type));
+        }
+        return records;
+    }
+
+    /// What is shown of all that, as "body 1, volume 1".
     QString shown()
     {
         QStringList texts;
-        for (const char* word :
-            {"body", "volume", "surface", "curve", "vertex", "block", "sideset", "nodeset"}) {
-            for (const int id : KestoInterface::get_entities(word)) {
-                if (KestoInterface::is_visible(word, id)) {
-                    texts << QString("%1 %2").arg(word).arg(id);
-                }
-            }
-        }
-        for (TreeGroupData* record : mirror.groups()) {
+        for (TreeData* record : all_that_can_be_hidden()) {
             if (record->is_visible()) {
-                texts << QString("group %1").arg(record->id());
+                texts << kernel_entity(record)->text();
             }
         }
         return texts.join(", ");
@@ -152,8 +163,8 @@ void tst_KernelEditor::everyRecordNamesItsEntity()
     QCOMPARE(text(model.curve(4)), QString("curve 4"));
     QCOMPARE(text(model.vertex(5)), QString("vertex 5"));
     QCOMPARE(text(model.group(1)), QString("group 1"));
-    QCOMPARE(text(model.mirror.find_sizing_source(1)), QString("sizing_source 1"));
-    QCOMPARE(text(model.mirror.find_boundary_layer(1)), QString("boundary_layer 1"));
+    QCOMPARE(text(model.mirror.find_sizing_source(1)), QString("sizing source 1"));
+    QCOMPARE(text(model.mirror.find_boundary_layer(1)), QString("boundary layer 1"));
     QCOMPARE(text(model.block(1)), QString("block 1"));
     QCOMPARE(text(model.sideset(2)), QString("sideset 2"));
     QCOMPARE(text(model.nodeset(1)), QString("nodeset 1"));
@@ -238,7 +249,7 @@ void tst_KernelEditor::refusedNameChangesNothing_data()
                                     << "A name is one line of text.";
     QTest::newRow("mesh control") << "sizing source"
                                   << "Fine"
-                                  << "Of this kind nothing has a name of its own: sizing_source 1.";
+                                  << "Of this kind nothing has a name of its own: sizing source 1.";
     QTest::newRow("category") << "category"
                               << "Things"
                               << "This row has no name of its own.";
