@@ -1,5 +1,6 @@
 #include <browser/window/CategoryViews.hpp>
 
+#include <QAction>
 #include <treemodel/entity/EntityCategoryManager.hpp>
 
 CategoryViews::CategoryViews(EntityCategoryManager& manager, QWidget* window)
@@ -15,6 +16,8 @@ CategoryViews::CategoryViews(EntityCategoryManager& manager, QWidget* window)
         auto* const dock = new QDockWidget(label, window);
         dock->setObjectName(label);
         dock->setWidget(widget);
+        dock->toggleViewAction()->setShortcut(
+            QKeySequence(QStringLiteral("Ctrl+%1").arg(view + 1)));
         m_docks.push_back(dock);
         if (follows_selection) {
             m_views.push_back({view, widget});

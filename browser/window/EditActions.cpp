@@ -31,7 +31,7 @@ struct Creator
 constexpr std::array creators{
     Creator{ItemKind::Group, ItemKind::Group,
         [](KernelEditor& editor, EntityKind, const KernelEditor::Records& records) {
-            return editor.create_group(records);
+            return editor.create_group(records, EditActions::tr("New group"));
         }},
     Creator{ItemKind::SizingSource, ItemKind::SizingSource,
         [](KernelEditor& editor, EntityKind, const KernelEditor::Records&) {
