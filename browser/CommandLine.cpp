@@ -29,8 +29,14 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     const QCommandLineOption print("print", tr("Print the tree of the file and end."));
     const QCommandLineOption json("json", tr("Print JSON instead of text."));
     const QCommandLineOption depth("depth", tr("Print no more than <N> levels."), tr("N"));
-    parser.addOptions({print, json, depth});
-    parser.addPositionalArgument(tr("FILE"), tr("The CAD file to open: STEP, IGES or BREP."));
+    const QCommandLineOption trusted(
+        "trusted", tr("Run the file if it is a Gmsh script, which can do anything that you can."));
+    const QCommandLineOption sets(
+        "sets", tr("Make blocks, sidesets and nodesets of the named parts of a mesh."));
+    parser.addOptions({print, json, depth, trusted, sets});
+    parser.addPositionalArgument(tr("FILE"),
+        tr("The file to open: a CAD model (STEP, IGES, BREP) or a mesh (MSH, Medit, VTK, Nastran, "
+           "GEO)."));
 
     if (!parser.parse(arguments)) {
         return misuse(parser.errorText());
@@ -53,6 +59,8 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     }
     result.file = parser.positionalArguments().constFirst();
     result.json = parser.isSet(json);
+    result.trusts_scripts = parser.isSet(trusted);
+    result.makes_sets = parser.isSet(sets);
     if (parser.isSet(depth)) {
         bool is_number = false;
         result.depth = parser.value(depth).toInt(&is_number);

@@ -19,6 +19,10 @@ struct CommandLine
     bool json = false;
     /// How many levels of the tree to print; all of them if unset.
     std::optional<int> depth;
+    /// Whether Gmsh scripts are run.
+    bool trusts_scripts = false;
+    /// Whether the named parts of a mesh become sets, too.
+    bool makes_sets = false;
     /// For ShowHelp the help, for ReportMisuse one sentence.
     QString text;
 

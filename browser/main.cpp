@@ -1,4 +1,4 @@
-// treebrowser: opens a CAD file in the embedded kernel and shows the mirror of it.
+// treebrowser: opens a CAD model or a mesh in the embedded kernel and shows the mirror of it.
 //
 // It joins the pieces as a front end does: a kernel, a TreeModel that is
 // connected to it, and a reader of the TreeModel.
@@ -26,8 +26,7 @@ enum ExitCode : int {
 
 int print_file(const CommandLine& command, QTextStream& output, QTextStream& messages)
 {
-    std::optional<ModelData> model =
-        import_on_console(command.file, messages, isatty(STDERR_FILENO));
+    std::optional<ModelData> model = import_on_console(command, messages, isatty(STDERR_FILENO));
     if (!model) {
         return ImportFailed;
     }
