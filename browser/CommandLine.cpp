@@ -24,11 +24,15 @@ struct Options
         tr("Write a picture of the window to the file <PICTURE> and end. Needs no display."),
         "PICTURE"};
     QCommandLineOption show_signals{"show-signals", tr("Open the window with the signal monitor.")};
+    QCommandLineOption trusted{
+        "trusted", tr("Run the file if it is a Gmsh script, which can do anything that you can.")};
+    QCommandLineOption sets{
+        "sets", tr("Make blocks, sidesets and nodesets of the named parts of a mesh.")};
     QCommandLineOption dark{"dark", tr("Open the window in dark colours.")};
 
     QList<QCommandLineOption> all() const
     {
-        return {print, json, depth, filter, select, screenshot, show_signals, dark};
+        return {print, json, depth, filter, select, screenshot, trusted, sets, show_signals, dark};
     }
 };
 
@@ -82,8 +86,10 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     const QCommandLineOption version = parser.addVersionOption();
     const Options options;
     parser.addOptions(options.all());
-    parser.addPositionalArgument(
-        tr("FILE"), tr("The CAD file to open: STEP, IGES or BREP."), tr("[FILE]"));
+    parser.addPositionalArgument(tr("FILE"),
+        tr("The file to open: a CAD model (STEP, IGES, BREP) or a mesh (MSH, Medit, VTK, Nastran, "
+           "GEO)."),
+        tr("[FILE]"));
 
     if (!parser.parse(arguments)) {
         return misuse(parser.errorText());
@@ -107,6 +113,8 @@ CommandLine CommandLine::parse(const QStringList& arguments)
     result.filter = parser.value(options.filter);
     result.selection = parser.value(options.select);
     result.picture = parser.value(options.screenshot);
+    result.trusts_scripts = parser.isSet(options.trusted);
+    result.makes_sets = parser.isSet(options.sets);
     result.show_signals = parser.isSet(options.show_signals);
     result.dark = parser.isSet(options.dark);
     if (parser.isSet(options.depth)) {

@@ -29,6 +29,10 @@ struct CommandLine
     QString selection;
     /// The picture file of TakeScreenshot.
     QString picture;
+    /// Whether Gmsh scripts are run.
+    bool trusts_scripts = false;
+    /// Whether the named parts of a mesh become sets, too.
+    bool makes_sets = false;
     /// Whether the window starts with the signal monitor, and in dark colours.
     bool show_signals = false;
     bool dark = false;

@@ -13,7 +13,7 @@
 ExitCode print_file(const CommandLine& command, QTextStream& output, QTextStream& messages)
 {
     const std::optional<ModelData> model =
-        import_on_console(command.file, messages, isatty(STDERR_FILENO));
+        import_on_console(command, messages, isatty(STDERR_FILENO));
     if (!model) {
         return Failure;
     }

@@ -1,5 +1,5 @@
-// treebrowser: opens a model file in the embedded kernel and shows the mirror of it, in a
-// window or as text.
+// treebrowser: opens a CAD model or a mesh in the embedded kernel and shows the mirror of
+// it, in a window or as text.
 //
 // It joins the pieces as a front end does: a kernel, a TreeModel that is
 // connected to it, and a reader of the TreeModel.

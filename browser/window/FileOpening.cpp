@@ -23,16 +23,16 @@ void FileOpening::open(const QString& file, Mode mode)
     Q_EMIT started();
 }
 
-void FileOpening::finish(ImportJob::Outcome outcome)
+void FileOpening::finish(HelperJob::Outcome outcome)
 {
     switch (outcome) {
-    case ImportJob::Succeeded:
+    case HelperJob::Succeeded:
         hand_over();
         break;
-    case ImportJob::Failed:
+    case HelperJob::Failed:
         Q_EMIT failed(m_job.error_text());
         break;
-    case ImportJob::Cancelled:
+    case HelperJob::Cancelled:
         Q_EMIT cancelled();
         break;
     }

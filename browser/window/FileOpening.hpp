@@ -43,7 +43,7 @@ Q_SIGNALS:
     void cancelled();
 
 private:
-    void finish(ImportJob::Outcome outcome);
+    void finish(HelperJob::Outcome outcome);
     void hand_over();
 
     EmbeddedKernel& m_kernel;

@@ -19,6 +19,8 @@ QString summary(const CommandLine& command)
     add("filter=", command.filter);
     add("select=", command.selection);
     add("to=", command.picture);
+    add("", command.trusts_scripts ? "trusted" : "");
+    add("", command.makes_sets ? "sets" : "");
     add("", command.show_signals ? "signals" : "");
     add("", command.dark ? "dark" : "");
     return words.join(' ');
@@ -63,6 +65,8 @@ void tst_CommandLine::commandLineIsRead_data()
     QTest::newRow("picture of everything")
         << QStringList{"--screenshot", "a.png", "--show-signals", "--dark", "a.step"}
         << "picture file=a.step to=a.png signals dark";
+    QTest::newRow("mesh") << QStringList{"--print", "--trusted", "--sets", "a.geo"}
+                          << "print file=a.geo trusted sets";
     QTest::newRow("help") << QStringList{"--help"} << "help";
     QTest::newRow("help before all") << QStringList{"--print", "--help"} << "help";
     QTest::newRow("version") << QStringList{"--version"} << "version";
@@ -107,9 +111,9 @@ void tst_CommandLine::misuseIsOneSentence()
 void tst_CommandLine::helpNamesEachOption_data()
 {
     QTest::addColumn<QString>("option");
-    for (const char* option :
-        {"--print", "--json", "--depth <N>", "--filter <TEXT>", "--select <ENTITIES>",
-            "--screenshot <PICTURE>", "--show-signals", "--dark", "--help", "--version", "FILE"}) {
+    for (const char* option : {"--print", "--json", "--depth <N>", "--filter <TEXT>",
+             "--select <ENTITIES>", "--screenshot <PICTURE>", "--show-signals", "--dark",
+             "--trusted", "--sets", "--help", "--version", "FILE"}) {
         QTest::newRow(option) << option;
     }
 }

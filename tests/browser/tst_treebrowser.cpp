@@ -96,8 +96,9 @@ void tst_treebrowser::unreadableFileIsOneSentenceAndExitCodeOne_data()
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("reason");
     QTest::newRow("empty") << QByteArray() << "the file is empty";
-    QTest::newRow("foreign") << QByteArray("dear diary\n")
-                             << "its content is neither STEP nor IGES nor BREP";
+    QTest::newRow("foreign")
+        << QByteArray("dear diary\n")
+        << "its content is none of STEP, IGES, BREP, MSH, Medit, VTK and Nastran";
 }
 
 void tst_treebrowser::unreadableFileIsOneSentenceAndExitCodeOne()
