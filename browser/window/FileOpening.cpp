@@ -13,12 +13,13 @@ FileOpening::FileOpening(EmbeddedKernel& kernel, QObject* parent)
     connect(&m_job, &ImportJob::finished, this, &FileOpening::finish);
 }
 
-void FileOpening::open(const QString& file, Mode mode)
+void FileOpening::open(const QString& file, Mode mode, bool trusts_scripts)
 {
     m_job.cancel();
     m_file = file;
     m_mode = mode;
     m_warnings.clear();
+    m_job.set_trusts_scripts(trusts_scripts);
     m_job.start(file);
     Q_EMIT started();
 }

@@ -24,8 +24,9 @@ public:
     /// What reads the files.
     ImportJob& job() { return m_job; }
 
-    /// Begins to read the file, and ends the reading of any other one.
-    void open(const QString& file, Mode mode);
+    /// Begins to read the file, and ends the reading of any other one. A script is run only
+    /// with trust.
+    void open(const QString& file, Mode mode, bool trusts_scripts = false);
 
     /// The file that is being read or was read last.
     QString file() const { return m_file; }

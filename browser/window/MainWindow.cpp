@@ -14,12 +14,9 @@
 #include <browser/window/TreePane.hpp>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDir>
 #include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -48,10 +45,11 @@ QString dragged_file(const QMimeData* data)
 MainWindow::MainWindow(KernelSession& session, QWidget* parent)
     : QMainWindow(parent)
     , m_session(session)
-    , m_opening(session.kernel())
     , m_tree(new TreePane(session.mirror()))
     , m_manager(m_tree->join())
     , m_edit_actions(new EditActions(session.kernel(), *m_tree, session.mirror()))
+    , m_progress(new ProgressStrip)
+    , m_files(new FileActions(session.kernel(), *m_progress, this))
 {
     setWindowIcon(QIcon(":/treebrowser/window/treebrowser.svg"));
     setWindowFilePath({});
@@ -66,7 +64,6 @@ MainWindow::MainWindow(KernelSession& session, QWidget* parent)
     create_tool_bar();
     create_status_bar();
     new TreeMenu(*m_tree, *m_edit_actions, *m_categories);
-    follow_opening();
     for (QTreeView* view : findChildren<QTreeView*>()) {
         view->setItemDelegate(new RowDelegate(view));
     }
@@ -90,20 +87,10 @@ void MainWindow::create_docks()
 
 void MainWindow::create_file_menu()
 {
-    using Row = ActionRow<MainWindow>;
-    static constexpr std::array rows{
-        Row{"open", QT_TR_NOOP("&Open…"), "Ctrl+O", &MainWindow::choose_file_to_open,
-            ":/treebrowser/window/open.svg"},
-        Row{"add", QT_TR_NOOP("&Add File…"), "Ctrl+Shift+O", &MainWindow::choose_file_to_add},
-    };
     QMenu* const menu = menuBar()->addMenu(tr("&File"));
-    add_actions(menu, this, std::span<const Row>(rows));
-
-    QMenu* const recent = menu->addMenu(tr("Open &Recent"));
-    recent->setToolTipsVisible(true);
-    m_recent_files.fill(recent);
-    connect(&m_recent_files, &RecentFiles::chosen, this, &MainWindow::open_file);
-
+    m_files->fill_menu(menu);
+    connect(m_files, &FileActions::opened, this, &MainWindow::take_in_opened);
+    connect(m_files, &FileActions::told, this, &MainWindow::show_message);
     menu->addSeparator();
     QAction* const quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence("Ctrl+Q"));
@@ -113,9 +100,7 @@ void MainWindow::create_edit_menus()
 {
     m_edit_actions->fill_edit_menu(menuBar()->addMenu(tr("&Edit")));
     m_edit_actions->fill_create_menu(menuBar()->addMenu(tr("&Create")));
-    connect(m_edit_actions, &EditActions::refused, this, [this](const QString& sentence) {
-        statusBar()->showMessage(sentence, message_milliseconds);
-    });
+    connect(m_edit_actions, &EditActions::refused, this, &MainWindow::show_message);
 }
 
 void MainWindow::create_view_menu()
@@ -180,28 +165,10 @@ void MainWindow::create_status_bar()
 {
     m_selection_text = new QLabel;
     m_selection_text->setObjectName("selection_text");
-    m_progress = new ProgressStrip;
     statusBar()->addPermanentWidget(m_selection_text);
     statusBar()->addPermanentWidget(m_progress);
     connect(
         &m_tree->selection(), &SelectionLink::records_changed, this, &MainWindow::show_selection);
-}
-
-void MainWindow::follow_opening()
-{
-    connect(&m_opening, &FileOpening::started, this,
-        [this] { m_progress->begin(QFileInfo(m_opening.file()).fileName()); });
-    connect(&m_opening.job(), &ImportJob::progress, m_progress, &ProgressStrip::set_progress);
-    connect(m_progress, &ProgressStrip::cancel_clicked, &m_opening.job(), &ImportJob::cancel);
-    connect(&m_opening, &FileOpening::opened, this, &MainWindow::take_in_opened);
-    connect(&m_opening, &FileOpening::failed, this, [this](const QString& sentence) {
-        m_progress->end();
-        show_error(sentence);
-    });
-    connect(&m_opening, &FileOpening::cancelled, this, [this] {
-        m_progress->end();
-        statusBar()->showMessage(m_opening.job().error_text(), message_milliseconds);
-    });
 }
 
 void MainWindow::restore_state()
@@ -210,6 +177,7 @@ void MainWindow::restore_state()
     restoreGeometry(settings.value(geometry_key).toByteArray());
     restoreState(settings.value(state_key).toByteArray());
     m_categories->restore();
+    m_files->restore();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -218,12 +186,8 @@ void MainWindow::closeEvent(QCloseEvent* event)
     settings.setValue(geometry_key, saveGeometry());
     settings.setValue(state_key, saveState());
     m_categories->save();
+    m_files->save();
     QMainWindow::closeEvent(event);
-}
-
-void MainWindow::open_file(const QString& file)
-{
-    m_opening.open(file, FileOpening::Replace);
 }
 
 void MainWindow::show_signal_monitor()
@@ -240,63 +204,16 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
-    open_file(dragged_file(event->mimeData()));
+    m_files->open(dragged_file(event->mimeData()), FileOpening::Replace);
     event->acceptProposedAction();
-}
-
-void MainWindow::choose_file_to_open()
-{
-    choose_file(tr("Open a Model"), FileOpening::Replace);
-}
-
-void MainWindow::choose_file_to_add()
-{
-    choose_file(tr("Add a Model"), FileOpening::Add);
-}
-
-void MainWindow::choose_file(const QString& title, FileOpening::Mode mode)
-{
-    auto* const dialog = new QFileDialog(this, title);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    dialog->setNameFilters({tr("Models (*.step *.stp *.iges *.igs *.brep)"), tr("All files (*)")});
-    const QStringList recent = m_recent_files.files();
-    if (!recent.isEmpty()) {
-        dialog->setDirectory(QFileInfo(recent.constFirst()).absolutePath());
-    }
-    connect(dialog, &QFileDialog::fileSelected, this,
-        [this, mode](const QString& file) { m_opening.open(file, mode); });
-    dialog->open();
 }
 
 void MainWindow::take_in_opened(FileOpening::Mode mode)
 {
-    m_progress->end();
-    m_recent_files.add(m_opening.file());
     if (mode == FileOpening::Replace) {
-        setWindowFilePath(m_opening.file());
+        setWindowFilePath(m_files->opening().file());
         m_tree->show_levels(first_levels);
     }
-    statusBar()->showMessage(
-        tr("Opened %1").arg(QDir::toNativeSeparators(m_opening.file())), message_milliseconds);
-    show_warnings();
-}
-
-void MainWindow::show_warnings()
-{
-    const QStringList warnings = m_opening.warnings();
-    if (warnings.isEmpty()) {
-        return;
-    }
-    auto* const box = new QMessageBox(QMessageBox::Warning, tr("Open a Model"),
-        tr("%1 was read with %n warning(s).", nullptr, static_cast<int>(warnings.size()))
-            .arg(QFileInfo(m_opening.file()).fileName()),
-        QMessageBox::Ok, this);
-    box->setObjectName("warnings");
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setInformativeText(warnings.constFirst());
-    box->setDetailedText(warnings.join(QLatin1Char('\n')));
-    box->open();
 }
 
 void MainWindow::show_selection()
@@ -314,13 +231,9 @@ void MainWindow::show_selection()
     m_views->show_items(items);
 }
 
-void MainWindow::show_error(const QString& sentence)
+void MainWindow::show_message(const QString& sentence)
 {
-    auto* const box =
-        new QMessageBox(QMessageBox::Critical, tr("Open a Model"), sentence, QMessageBox::Ok, this);
-    box->setObjectName("error");
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    statusBar()->showMessage(sentence, message_milliseconds);
 }
 
 void MainWindow::show_about()

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <browser/items/CategoryManager.hpp>
-#include <browser/window/FileOpening.hpp>
-#include <browser/window/RecentFiles.hpp>
+#include <browser/window/FileActions.hpp>
 #include <QMainWindow>
 
 class CategoryMenu;
@@ -23,14 +22,11 @@ public:
     /// Keeps the reference.
     explicit MainWindow(KernelSession& session, QWidget* parent = nullptr);
 
-    FileOpening& file_opening() { return m_opening; }
+    FileActions& files() { return *m_files; }
     TreePane& tree() { return *m_tree; }
 
     /// Brings size, docks and hidden categories back to what they were when a window was closed.
     void restore_state();
-
-    /// Reads the file and puts its model in the place of the present one if that succeeds.
-    void open_file(const QString& file);
 
     void show_signal_monitor();
 
@@ -47,19 +43,12 @@ private:
     void create_help_menu();
     void create_tool_bar();
     void create_status_bar();
-    void follow_opening();
-    void choose_file(const QString& title, FileOpening::Mode mode);
-    void choose_file_to_open();
-    void choose_file_to_add();
     void take_in_opened(FileOpening::Mode mode);
-    void show_warnings();
     void show_selection();
-    void show_error(const QString& sentence);
+    void show_message(const QString& sentence);
     void show_about();
 
     KernelSession& m_session;
-    FileOpening m_opening;
-    RecentFiles m_recent_files;
     TreePane* m_tree;
     CategoryManager m_manager;
     CategoryViews* m_views;
@@ -67,5 +56,6 @@ private:
     EditActions* m_edit_actions;
     CategoryMenu* m_categories;
     ProgressStrip* m_progress;
+    FileActions* m_files;
     QLabel* m_selection_text;
 };

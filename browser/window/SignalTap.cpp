@@ -34,7 +34,8 @@ QString argument_text(QMetaType type, const void* value)
     }
     if (type == QMetaType::fromType<std::vector<TreeData*>>()) {
         const auto& records = *static_cast<const std::vector<TreeData*>*>(value);
-        return SignalTap::tr("%n record(s)", nullptr, static_cast<int>(records.size()));
+        return records.size() == 1 ? long_text(records.front())
+                                   : SignalTap::tr("%1 records").arg(records.size());
     }
     return QVariant(type, value).toString();
 }

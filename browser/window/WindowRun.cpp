@@ -53,7 +53,7 @@ QString arrange(const CommandLine& command, KernelSession& session, MainWindow& 
 ExitCode show_window(const CommandLine& command, KernelSession& session, MainWindow& window)
 {
     QObject::connect(
-        &window.file_opening(), &FileOpening::opened, &window,
+        &window.files().opening(), &FileOpening::opened, &window,
         [&] {
             if (const QString problem = arrange(command, session, window); !problem.isEmpty()) {
                 QMessageBox::warning(&window, QString(), problem);
@@ -61,9 +61,14 @@ ExitCode show_window(const CommandLine& command, KernelSession& session, MainWin
         },
         Qt::SingleShotConnection);
     window.restore_state();
+    if (command.makes_sets) {
+        window.files().set_makes_sets(true);
+    }
     window.show();
-    if (!command.file.isEmpty()) {
-        window.open_file(command.file);
+    if (command.trusts_scripts && !command.file.isEmpty()) {
+        window.files().opening().open(command.file, FileOpening::Replace, true);
+    } else if (!command.file.isEmpty()) {
+        window.files().open(command.file, FileOpening::Replace);
     }
     return QApplication::exec() == 0 ? Success : Failure;
 }
@@ -75,8 +80,8 @@ ExitCode take_screenshot(const CommandLine& command, KernelSession& session, Mai
         tell(sentence);
         QApplication::exit(Failure);
     };
-    QObject::connect(&window.file_opening(), &FileOpening::failed, &window, give_up);
-    QObject::connect(&window.file_opening(), &FileOpening::opened, &window, [&] {
+    QObject::connect(&window.files().opening(), &FileOpening::failed, &window, give_up);
+    QObject::connect(&window.files().opening(), &FileOpening::opened, &window, [&] {
         if (const QString problem = arrange(command, session, window); !problem.isEmpty()) {
             give_up(problem);
         } else {
@@ -85,8 +90,9 @@ ExitCode take_screenshot(const CommandLine& command, KernelSession& session, Mai
     });
     QObject::connect(&screenshot, &Screenshot::taken, &window, [] { QApplication::exit(Success); });
     QObject::connect(&screenshot, &Screenshot::failed, &window, give_up);
+    window.files().set_makes_sets(command.makes_sets);
     window.show();
-    window.open_file(command.file);
+    window.files().opening().open(command.file, FileOpening::Replace, command.trusts_scripts);
     return ExitCode(QApplication::exec());
 }
 

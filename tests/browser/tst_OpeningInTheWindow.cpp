@@ -1,6 +1,7 @@
 #include <browser/KernelSession.hpp>
 #include <browser/window/MainWindow.hpp>
 #include <memory>
+#include <QDoubleSpinBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QMenu>
@@ -33,6 +34,10 @@ private Q_SLOTS:
     void progressIsShownAndCancelLosesNothing();
     void nextFileEndsTheOneBefore();
     void warningsAreShown();
+    void scriptRunsOnlyAfterAQuestion();
+    void namedPartsBecomeSetsIfWanted();
+    void openedModelIsMeshed();
+    void cancelledMeshLeavesNoCounts();
     void openedFilesAreRecent();
     void unreadableFileIsNotRecent();
     void recentFilesAreKeptLatestFirst();
@@ -61,7 +66,7 @@ void tst_OpeningInTheWindow::init()
     session = std::make_unique<KernelSession>();
     session->kernel().create_body({}, "Old");
     window = std::make_unique<MainWindow>(*session);
-    window->file_opening().job().set_helper_folder(SCRIPTED_HELPER_DIR);
+    window->files().opening().job().set_helper_folder(SCRIPTED_HELPER_DIR);
     window->show();
 }
 
@@ -83,8 +88,8 @@ QString tst_OpeningInTheWindow::script(const QStringList& commands, const QStrin
 
 void tst_OpeningInTheWindow::open(const QString& file)
 {
-    QSignalSpy finished(&window->file_opening().job(), &ImportJob::finished);
-    window->open_file(file);
+    QSignalSpy finished(&window->files().opening().job(), &ImportJob::finished);
+    window->files().open(file, FileOpening::Replace);
     QVERIFY(finished.wait());
 }
 
@@ -120,8 +125,8 @@ void tst_OpeningInTheWindow::openedFileReplacesTheModel()
 
 void tst_OpeningInTheWindow::addedFileLeavesTheModel()
 {
-    QSignalSpy opened(&window->file_opening(), &FileOpening::opened);
-    window->file_opening().open(script({"model New"}), FileOpening::Add);
+    QSignalSpy opened(&window->files().opening(), &FileOpening::opened);
+    window->files().opening().open(script({"model New"}), FileOpening::Add);
     QVERIFY(opened.wait());
     QCOMPARE(body_name(1), "Old");
     QCOMPARE(body_name(2), "New");
@@ -136,7 +141,7 @@ void tst_OpeningInTheWindow::fileDroppedOnTheWindowIsOpened()
     QApplication::sendEvent(window.get(), &enter);
     QVERIFY(enter.isAccepted());
 
-    QSignalSpy opened(&window->file_opening(), &FileOpening::opened);
+    QSignalSpy opened(&window->files().opening(), &FileOpening::opened);
     QDropEvent drop({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(window.get(), &drop);
     QVERIFY(opened.wait());
@@ -179,13 +184,13 @@ void tst_OpeningInTheWindow::progressIsShownAndCancelLosesNothing()
     const auto* const bar = window->findChild<QProgressBar*>();
     QVERIFY(!bar->isVisible());
 
-    window->open_file(script({"progress 2 0.5", "hang"}));
+    window->files().open(script({"progress 2 0.5", "hang"}), FileOpening::Replace);
     QTRY_COMPARE(bar->value() * 2, bar->maximum());
     QVERIFY(bar->isVisible());
 
     QTest::mouseClick(window->findChild<QPushButton*>("cancel"), Qt::LeftButton);
     QVERIFY(!bar->isVisible());
-    QVERIFY(!window->file_opening().job().is_running());
+    QVERIFY(!window->files().opening().job().is_running());
     QVERIFY2(window->statusBar()->currentMessage().endsWith("was cancelled."),
         qPrintable(window->statusBar()->currentMessage()));
     QCOMPARE(body_name(1), "Old");
@@ -195,7 +200,7 @@ void tst_OpeningInTheWindow::progressIsShownAndCancelLosesNothing()
 void tst_OpeningInTheWindow::nextFileEndsTheOneBefore()
 {
     const auto* const bar = window->findChild<QProgressBar*>();
-    window->open_file(script({"progress 2 0.5", "hang"}));
+    window->files().open(script({"progress 2 0.5", "hang"}), FileOpening::Replace);
     QTRY_COMPARE(bar->value() * 2, bar->maximum());
 
     open(script({"model New"}, "next.step"));
@@ -213,6 +218,96 @@ void tst_OpeningInTheWindow::warningsAreShown()
     QCOMPARE(body_name(1), "New");
 }
 
+void tst_OpeningInTheWindow::scriptRunsOnlyAfterAQuestion()
+{
+    QFile file(m_folder.filePath("model.geo"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("Point(1) = {0, 0, 0, 1};\n");
+    file.close();
+
+    window->files().open(file.fileName(), FileOpening::Replace);
+    auto* box = window->findChild<QMessageBox*>("trust");
+    QVERIFY2(box, "nobody asked");
+    QVERIFY(!window->files().opening().job().is_running());
+    QTest::keyClick(box, Qt::Key_Escape);
+    QVERIFY(!window->files().opening().job().is_running());
+    QTRY_VERIFY(!window->findChild<QMessageBox*>());
+
+    window->files().open(file.fileName(), FileOpening::Replace);
+    box = window->findChild<QMessageBox*>("trust");
+    for (QAbstractButton* button : box->buttons()) {
+        if (box->buttonRole(button) == QMessageBox::AcceptRole) {
+            QTest::mouseClick(button, Qt::LeftButton);
+            break;
+        }
+    }
+    // As far as to the helper program, which is not there.
+    QTRY_VERIFY(window->findChild<QMessageBox*>("error"));
+    const QString error = window->findChild<QMessageBox*>("error")->text();
+    QVERIFY2(error.contains("treemodel-import-mesh"), qPrintable(error));
+}
+
+void tst_OpeningInTheWindow::namedPartsBecomeSetsIfWanted()
+{
+    auto* const action = window->findChild<QAction*>("makes_sets");
+    QVERIFY(!action->isChecked());
+    action->trigger();
+    window->close();
+
+    window = std::make_unique<MainWindow>(*session);
+    window->restore_state();
+    QVERIFY(window->findChild<QAction*>("makes_sets")->isChecked());
+}
+
+void tst_OpeningInTheWindow::openedModelIsMeshed()
+{
+#ifndef MESH_HELPER_DIR
+    QSKIP("the helper program that makes meshes is not built");
+#else
+    auto* const mesh = window->findChild<QAction*>("mesh");
+    QVERIFY(!mesh->isEnabled());
+    window->files().opening().job().set_helper_folder(MESH_HELPER_DIR);
+    window->files().meshing().job().set_helper_folder(MESH_HELPER_DIR);
+    open(EXAMPLE_MODELS_DIR "/pile.brep");
+    QVERIFY(mesh->isEnabled());
+
+    mesh->trigger();
+    auto* const dialog = window->findChild<QDialog*>();
+    QVERIFY(dialog);
+    dialog->findChild<QDoubleSpinBox*>()->setValue(1000);
+    QSignalSpy meshed(&window->files().meshing(), &ModelMeshing::meshed);
+    QTest::keyClick(dialog, Qt::Key_Return);
+    QVERIFY(meshed.wait(60'000));
+
+    TreeGroupData* const group = session->mirror().find_group(1);
+    QVERIFY(group);
+    QCOMPARE(group->name(), "Mesh");
+    const auto counts = session->mirror().find_mesh_data(group);
+    QVERIFY(!counts.empty());
+    QVERIFY(counts.front()->num_elements() > 0);
+    QVERIFY(mesh->isEnabled());
+#endif
+}
+
+void tst_OpeningInTheWindow::cancelledMeshLeavesNoCounts()
+{
+#ifndef MESH_HELPER_DIR
+    QSKIP("the helper program that makes meshes is not built");
+#else
+    window->files().opening().job().set_helper_folder(MESH_HELPER_DIR);
+    window->files().meshing().job().set_helper_folder(MESH_HELPER_DIR);
+    open(EXAMPLE_MODELS_DIR "/pile.brep");
+    window->files().meshing().start(EXAMPLE_MODELS_DIR "/pile.brep", {.element_size = 1000});
+    QSignalSpy counted(&window->files().meshing().job(), &MeshJob::counted);
+    QVERIFY(counted.wait(60'000));
+    QVERIFY(!session->mirror().mesh_data().empty());
+
+    QTest::mouseClick(window->findChild<QPushButton*>("cancel"), Qt::LeftButton);
+    QVERIFY(session->mirror().mesh_data().empty());
+    QVERIFY(!window->findChild<QProgressBar*>()->isVisible());
+#endif
+}
+
 void tst_OpeningInTheWindow::openedFilesAreRecent()
 {
     QCOMPARE(recent_menu(), QStringList("No files yet"));
@@ -221,7 +316,7 @@ void tst_OpeningInTheWindow::openedFilesAreRecent()
     QCOMPARE(recent_menu().mid(0, 2), (QStringList{"two.step", "one.step"}));
 
     // And open again.
-    QSignalSpy opened(&window->file_opening(), &FileOpening::opened);
+    QSignalSpy opened(&window->files().opening(), &FileOpening::opened);
     for (QAction* action : window->findChildren<QAction*>()) {
         if (action->text() == "one.step") {
             action->trigger();
