@@ -284,7 +284,7 @@ void tst_OpeningInTheWindow::openedModelIsMeshed()
     QCOMPARE(group->name(), "Mesh");
     const auto counts = session->mirror().find_mesh_data(group);
     QVERIFY(!counts.empty());
-    QVERIFY(counts.front()->num_elements() > 0);
+    QVERIFY(counts.front()->element_count() > 0);
     QVERIFY(mesh->isEnabled());
 #endif
 }
