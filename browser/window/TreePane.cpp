@@ -27,6 +27,7 @@ TreePane::TreePane(TreeModel& mirror, QWidget* parent)
         [this](const QModelIndex& index) { m_view->scrollTo(index); });
     connect(&m_join, &MirrorItems::settled, this, &TreePane::show_wanted_levels);
     connect(&m_join, &MirrorItems::settled, this, &TreePane::show_hint);
+    connect(&m_rows, &EntityFilter::filtered, this, &TreePane::show_hint);
     show_hint();
 }
 

@@ -50,6 +50,7 @@ public:
 private:
     void create_layout();
     void show_hint();
+    QString hint() const;
     void show_wanted_levels();
     QString row_text(const QModelIndex& index) const;
 
