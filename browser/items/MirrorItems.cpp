@@ -140,7 +140,7 @@ bool MirrorItems::step(QDeadlineTimer deadline)
     if (!m_changed_children.empty()) {
         queue_places();
     } else if (!m_changed.empty()) {
-        read_changes();
+        read_changes(deadline);
     } else if (!m_shown_categories.empty()) {
         clear_shown_category();
     } else if (!m_dead.empty()) {

@@ -33,9 +33,10 @@ class TreeModel;
 /// one node for each of its places. Members and sets are not opened there, groups are, and
 /// nothing is opened again below itself.
 ///
-/// The mirror and the item model must outlive this object, and their rows are not to be
-/// added, moved or removed by others. A hidden category is refilled when it is shown again, as
-/// it may have been sorted otherwise meanwhile.
+/// The mirror and the item model must outlive this object, and the rows are not to be
+/// added, moved or removed by others. No event loop may run inside an `about_to_clear` signal. A
+/// hidden category is refilled when it is shown again, as it may have been sorted otherwise
+/// meanwhile.
 class MirrorItems : public QObject, public EntityModelInterface
 {
     Q_OBJECT
@@ -117,7 +118,7 @@ private:
     // The steps.
     void clear_shown_category();
     void queue_places();
-    void read_changes();
+    void read_changes(QDeadlineTimer deadline);
     void bury_dead(QDeadlineTimer deadline);
     void scan_kind();
     void place_records(QDeadlineTimer deadline);
@@ -152,8 +153,8 @@ private:
     std::vector<RecordItemData*> m_changed_children; // Each once
     std::vector<EntityItem*> m_shown_categories;
     QSet<ItemKind> m_scans; // Kinds of which any record may have to move to or from its category
-    QSet<TreeData*> m_unplaced;   // Records that may have to
-    std::vector<Entry> m_placing; // Some of them, the last one next
+    QSet<TreeData*> m_unplaced;      // Records that may have to
+    std::deque<TreeData*> m_placing; // They and others, in the order of noting
 
     // The node that is being filled, and which of its children are missing.
     RecordItem* m_filling = nullptr;

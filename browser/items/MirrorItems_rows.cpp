@@ -4,7 +4,6 @@
 #include <browser/items/MirrorItems.hpp>
 
 #include <algorithm>
-#include <functional>
 #include <treemodel/entity/EntityCategory.hpp>
 #include <treemodel/entity/EntityItemList.hpp>
 #include <treemodel/entity/EntityModel.hpp>
@@ -14,17 +13,16 @@
 namespace {
 
 constexpr std::size_t tree_size = 2'000; // Nodes of a tree that is added as one
-constexpr std::size_t read_at_once = 2'000;
-constexpr int few_rows = 8; // So many are updated one by one
-constexpr int many_rows = 64;
+constexpr int few_rows = 8;              // So many are updated one by one
+constexpr int many_rows = 4'000;         // Up to here, a search through the siblings takes no time
 
-// A row is taken out by a search through its siblings; to make a row anew takes as long as the
-// search through so many of them.
+// To make a row anew takes as long as a search through so many siblings, which is how a row is
+// taken out.
 constexpr double siblings_per_new_row = 40'000;
 
 bool clearing_pays(int row_count, int removed_count)
 {
-    return removed_count > many_rows &&
+    return row_count > many_rows &&
            double(removed_count) * row_count > siblings_per_new_row * (row_count - removed_count);
 }
 
@@ -53,11 +51,11 @@ void MirrorItems::queue_places()
     m_filling = nullptr;
 }
 
-void MirrorItems::read_changes()
+void MirrorItems::read_changes(QDeadlineTimer deadline)
 {
     put_crowds_back();
     QHash<EntityItem*, std::vector<EntityItem*>> repainted; // By parent
-    for (std::size_t i = 0; i < read_at_once && !m_changed.empty(); ++i) {
+    do {
         RecordItemData* data = m_changed.back();
         m_changed.pop_back();
         const quint8 changes = std::exchange(data->m_changes, RecordItemData::Nothing);
@@ -73,7 +71,7 @@ void MirrorItems::read_changes()
             data->iterateItems(
                 [&](EntityItem* item) { repainted[item->getParentEntity()].push_back(item); });
         }
-    }
+    } while (!m_changed.empty() && !deadline.hasExpired());
     for (auto parent = repainted.cbegin(); parent != repainted.cend(); ++parent) {
         repaint(parent.key(), parent.value());
     }
@@ -116,6 +114,9 @@ void MirrorItems::bury_dead(QDeadlineTimer deadline)
             m_crowds.remove(data);
             delete data;
         }
+        if (deadline.hasExpired()) {
+            return;
+        }
     }
     m_not_mostly_dead = nullptr;
 }
@@ -126,23 +127,17 @@ void MirrorItems::scan_kind()
     m_scans.erase(m_scans.cbegin());
     for (TreeData* record : m_records.all(kind)) {
         if (m_records.home(record)) {
-            m_unplaced.insert(record);
+            note_record(record);
         }
     }
 }
 
 void MirrorItems::place_records(QDeadlineTimer deadline)
 {
-    if (m_placing.empty()) {
-        m_placing.reserve(m_unplaced.size());
-        std::transform(m_unplaced.cbegin(), m_unplaced.cend(), std::back_inserter(m_placing),
-            MirrorRecords::entry);
-        std::sort(m_placing.begin(), m_placing.end(), std::greater<>());
-    }
     while (!m_placing.empty()) {
-        TreeData* record = m_placing.back().record;
-        m_placing.pop_back();
-        // Those that have died since are not in the set, which is what counts.
+        TreeData* record = m_placing.front();
+        m_placing.pop_front();
+        // One that has died since may be here, but not there.
         if (m_unplaced.remove(record)) {
             place(record);
         }
@@ -150,6 +145,7 @@ void MirrorItems::place_records(QDeadlineTimer deadline)
             return;
         }
     }
+    Q_ASSERT(m_unplaced.isEmpty());
 }
 
 void MirrorItems::fill_first(QDeadlineTimer deadline)

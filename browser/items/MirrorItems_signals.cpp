@@ -110,8 +110,11 @@ void MirrorItems::follow_record(RecordItemData& data)
 
 void MirrorItems::note_record(TreeData* record)
 {
-    m_unplaced.insert(record);
-    schedule();
+    if (!m_unplaced.contains(record)) {
+        m_unplaced.insert(record);
+        m_placing.push_back(record);
+        schedule();
+    }
 }
 
 // Places that still wait for their children will read them anyway.
