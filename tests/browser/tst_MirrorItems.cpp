@@ -75,6 +75,8 @@ private Q_SLOTS:
     void largeTreeEqualsOneBuiltAtOnce();
     void hiddenCategoryIsInOrderWhenItIsShownAgain();
     void manyPlacesOfOneRecordAreRemovedTogether();
+    void mostRowsOfACategoryGoAtOnce();
+    void mostMembersOfAGroupGoAtOnce();
     void destructionLeavesTheModelAsItWas();
 
     void kindsLieInBlocks();
@@ -797,6 +799,46 @@ void tst_MirrorItems::manyPlacesOfOneRecordAreRemovedTogether()
 
     kernel->remove(EntityKind::VERTEX, 1);
     QCOMPARE(rows(Category::Groups).size(), groups - 1);
+}
+
+// All rows go and those that stay come back, which costs less than to find so many rows.
+void tst_MirrorItems::mostRowsOfACategoryGoAtOnce()
+{
+    findings.reset(); // Slow on many rows
+    constexpr int count = 6'000;
+    for (int id = 1; id <= count; ++id) {
+        kernel->create_vertex();
+    }
+    join->settle();
+    QSignalSpy removals(items.get(), &QAbstractItemModel::rowsRemoved);
+
+    for (int id = 1; id <= count - 3; ++id) {
+        kernel->remove(EntityKind::VERTEX, id);
+    }
+
+    QCOMPARE(
+        rows(Category::Geometry), QStringList({"Vertex 5998 <vertex 5998>",
+                                      "Vertex 5999 <vertex 5999>", "Vertex 6000 <vertex 6000>"}));
+    QCOMPARE(removals.size(), 1);
+}
+
+void tst_MirrorItems::mostMembersOfAGroupGoAtOnce()
+{
+    findings.reset(); // Slow on many rows
+    std::vector<int> vertices;
+    for (int id = 1; id <= 6'000; ++id) {
+        vertices.push_back(kernel->create_vertex());
+    }
+    kernel->add_to_group(kernel->create_group("Grip"), EntityKind::VERTEX, vertices);
+    join->settle();
+    QSignalSpy removals(items.get(), &QAbstractItemModel::rowsRemoved);
+
+    vertices.resize(5'999);
+    kernel->remove_from_group(1, EntityKind::VERTEX, vertices);
+
+    QCOMPARE(
+        rows(Category::Groups), QStringList({"Grip <group 1>", "  Vertex 6000 <vertex 6000>"}));
+    QCOMPARE(removals.size(), 1);
 }
 
 void tst_MirrorItems::destructionLeavesTheModelAsItWas()
