@@ -26,11 +26,6 @@ Type offset_from(ItemKind first, ItemKind kind)
     return Type(int(kind) - int(first));
 }
 
-bool is_element_count(ItemKind kind)
-{
-    return kind >= ItemKind::Hex && kind <= ItemKind::Node;
-}
-
 } // namespace
 
 MirrorRecords::MirrorRecords(TreeModel& mirror)

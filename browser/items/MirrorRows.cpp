@@ -1,9 +1,9 @@
-// What MirrorItems does in a slice: it reads in the mirror what was noted, and brings the rows
-// in line.
-
-#include <browser/items/MirrorItems.hpp>
+#include <browser/items/MirrorRows.hpp>
 
 #include <algorithm>
+#include <browser/items/MirrorNotes.hpp>
+#include <QCoreApplication>
+#include <QHash>
 #include <treemodel/entity/EntityCategory.hpp>
 #include <treemodel/entity/EntityItemList.hpp>
 #include <treemodel/entity/EntityModel.hpp>
@@ -33,17 +33,95 @@ RecordItem* child_at(EntityItem* parent, int row)
 
 } // namespace
 
-void MirrorItems::clear_shown_category()
+MirrorRows::MirrorRows(
+    TreeModel& mirror, EntityModel& items, EntityModelInterface& front, MirrorNotes& notes)
+    : m_items(items)
+    , m_front(front)
+    , m_notes(notes)
+    , m_records(mirror)
+    , m_workbench(new SimpleItem(-1, 0, new EntityItemList))
+{
+    m_items.addEntity(nullptr, m_workbench);
+    m_items.hideCategory(m_workbench);
+    for (int i = 0; i < category_count; ++i) {
+        const ItemKind kind = item_kind(Category(i));
+        auto* category = new EntityCategory(item_kind_info(kind).plural, int(kind), 0, i);
+        category->setList(new SortedTypeIdList);
+        m_categories[std::size_t(i)] = category;
+        m_items.addEntity(nullptr, category);
+    }
+}
+
+MirrorRows::~MirrorRows()
+{
+    put_crowds_back();
+    for (EntityCategory* category : m_categories) {
+        set_crowds_aside(category);
+        m_items.removeEntity(category);
+    }
+    m_items.removeEntity(m_workbench);
+}
+
+EntityItem* MirrorRows::category(Category category) const
+{
+    return m_categories[std::size_t(category)];
+}
+
+bool MirrorRows::is_done() const
+{
+    return m_notes.is_empty() && m_shown_categories.empty() && waiting_count() == 0;
+}
+
+// Nothing is deleted of which there is still something to read, and rows are added only
+// where none is left that has to go.
+bool MirrorRows::step(QDeadlineTimer deadline)
+{
+    if (m_notes.has_changed_children()) {
+        queue_places();
+    } else if (m_notes.has_changes()) {
+        read_changes(deadline);
+    } else if (!m_shown_categories.empty()) {
+        clear_shown_category();
+    } else if (m_notes.dead_count() > 0) {
+        bury_dead(deadline);
+    } else if (m_notes.has_scans()) {
+        scan_kind();
+    } else if (m_notes.has_unplaced()) {
+        place_records(deadline);
+    } else if (waiting_count() > 0) {
+        fill_first(deadline);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void MirrorRows::finish_slice()
+{
+    put_crowds_back();
+    show_counts();
+}
+
+bool MirrorRows::note_shown(EntityItem* item)
+{
+    const bool is_category =
+        std::find(m_categories.begin(), m_categories.end(), item) != m_categories.end();
+    if (is_category) {
+        m_shown_categories.push_back(item);
+    }
+    return is_category;
+}
+
+void MirrorRows::clear_shown_category()
 {
     EntityItem* category = m_shown_categories.back();
     m_shown_categories.pop_back();
     clear_children(category);
 }
 
-void MirrorItems::queue_places()
+void MirrorRows::queue_places()
 {
-    for (RecordItemData* data : std::exchange(m_changed_children, {})) {
-        data->m_children_changed = false;
+    for (RecordItemData* data : m_notes.take_changed_children()) {
         for (EntityItem* place : data->places()) {
             m_unfilled.append(static_cast<RecordItem*>(place));
         }
@@ -51,14 +129,12 @@ void MirrorItems::queue_places()
     m_filling = nullptr;
 }
 
-void MirrorItems::read_changes(QDeadlineTimer deadline)
+void MirrorRows::read_changes(QDeadlineTimer deadline)
 {
     put_crowds_back();
     QHash<EntityItem*, std::vector<EntityItem*>> repainted; // By parent
     do {
-        RecordItemData* data = m_changed.back();
-        m_changed.pop_back();
-        const quint8 changes = std::exchange(data->m_changes, RecordItemData::Nothing);
+        const auto [data, changes] = m_notes.take_change();
         if (!data->record()) {
             continue;
         }
@@ -66,20 +142,20 @@ void MirrorItems::read_changes(QDeadlineTimer deadline)
         const bool visibility_changed =
             (changes & RecordItemData::Values) && data->read_visibility();
         if (key_changed) {
-            data->updateModel(this);
+            data->updateModel(&m_front);
         } else if (visibility_changed || (changes & RecordItemData::Look)) {
             data->iterateItems(
                 [&](EntityItem* item) { repainted[item->getParentEntity()].push_back(item); });
         }
-    } while (!m_changed.empty() && !deadline.hasExpired());
+    } while (m_notes.has_changes() && !deadline.hasExpired());
     for (auto parent = repainted.cbegin(); parent != repainted.cend(); ++parent) {
         repaint(parent.key(), parent.value());
     }
 }
 
-/// EntityModel::updateEntity() finds each row by a search. None of these has to move, so one
+// EntityModel::updateEntity() finds each row by a search. None of these has to move, so one
 /// signal does for many.
-void MirrorItems::repaint(EntityItem* parent, const std::vector<EntityItem*>& children)
+void MirrorRows::repaint(EntityItem* parent, const std::vector<EntityItem*>& children)
 {
     if (children.size() <= few_rows) {
         std::for_each(children.begin(), children.end(),
@@ -93,15 +169,16 @@ void MirrorItems::repaint(EntityItem* parent, const std::vector<EntityItem*>& ch
     }
 }
 
-void MirrorItems::bury_dead(QDeadlineTimer deadline)
+void MirrorRows::bury_dead(QDeadlineTimer deadline)
 {
     // Receivers of the row signals may have more to read noted.
-    while (!m_dead.empty() && m_changed.empty() && m_changed_children.empty()) {
-        RecordItemData* data = m_dead.front();
-        if (data->is_crowded() && !data->is_set_aside()) {
-            data->set_places_aside();
-            m_crowds.insert(data);
-        }
+    const auto is_next = [this] {
+        return m_notes.dead_count() > 0 && !m_notes.has_changes() &&
+               !m_notes.has_changed_children();
+    };
+    while (is_next()) {
+        RecordItemData* data = m_notes.first_dead();
+        set_aside_if_crowded(*data);
         while (EntityItem* place = data->last_place()) {
             EntityItem* parent = place->getParentEntity();
             is_mostly_dead(parent) ? clear_children(parent) : remove(place);
@@ -109,10 +186,9 @@ void MirrorItems::bury_dead(QDeadlineTimer deadline)
                 return;
             }
         }
-        if (m_changed.empty() && m_changed_children.empty()) {
-            m_dead.pop_front();
+        if (is_next()) {
             m_crowds.remove(data);
-            delete data;
+            m_notes.drop_first_dead();
         }
         if (deadline.hasExpired()) {
             return;
@@ -121,49 +197,34 @@ void MirrorItems::bury_dead(QDeadlineTimer deadline)
     m_not_mostly_dead = nullptr;
 }
 
-void MirrorItems::scan_kind()
+void MirrorRows::scan_kind()
 {
-    const ItemKind kind = *m_scans.cbegin();
-    m_scans.erase(m_scans.cbegin());
-    for (TreeData* record : m_records.all(kind)) {
+    for (TreeData* record : m_records.all(m_notes.take_scan())) {
         if (m_records.home(record)) {
-            note_record(record);
+            m_notes.note_record(record);
         }
     }
 }
 
-void MirrorItems::place_records(QDeadlineTimer deadline)
+void MirrorRows::place_records(QDeadlineTimer deadline)
 {
-    while (!m_placing.empty()) {
-        TreeData* record = m_placing.front();
-        m_placing.pop_front();
-        // One that has died since may be here, but not there.
-        if (m_unplaced.remove(record)) {
-            place(record);
-        }
-        if (deadline.hasExpired()) {
-            return;
-        }
-    }
-    Q_ASSERT(m_unplaced.isEmpty());
+    do {
+        place(m_notes.take_unplaced());
+    } while (m_notes.has_unplaced() && !deadline.hasExpired());
 }
 
-void MirrorItems::fill_first(QDeadlineTimer deadline)
+void MirrorRows::fill_first(QDeadlineTimer deadline)
 {
     RecordItem* item = m_unfilled.first();
-    if (item != m_filling) {
-        const quint64 deaths = m_deaths;
-        find_missing_children(item);
-        if (deaths != m_deaths) {
-            return;
-        }
-        m_filling = item;
+    const bool is_started = item == m_filling && m_known_deaths == m_notes.death_count();
+    if (!is_started && !start_filling(item)) {
+        return;
     }
     while (!m_missing.empty()) {
         TreeData* record = m_missing.back().record;
         m_missing.pop_back();
         add_tree(record, item);
-        if (m_filling != item || deadline.hasExpired()) {
+        if (m_known_deaths != m_notes.death_count() || deadline.hasExpired()) {
             return;
         }
     }
@@ -171,37 +232,27 @@ void MirrorItems::fill_first(QDeadlineTimer deadline)
     m_unfilled.remove(item);
 }
 
-RecordItemData& MirrorItems::data_of(TreeData* record)
-{
-    RecordItemData*& data = m_datas[record];
-    if (!data) {
-        data = new RecordItemData(record);
-        follow_record(*data);
-    }
-    return *data;
-}
-
-void MirrorItems::place(TreeData* record)
+void MirrorRows::place(TreeData* record)
 {
     const std::optional<Category> home = m_records.home(record);
     EntityItem* wanted = home ? category(*home) : nullptr;
-    const RecordItemData* known = data(record);
+    const RecordItemData* known = m_notes.data(record);
     RecordItem* place = known ? known->home() : nullptr;
     if (place && place->getParentEntity() == wanted) {
         return;
     }
-    const quint64 deaths = m_deaths;
+    const quint64 deaths = m_notes.death_count();
     if (place) {
         remove(place);
     }
-    if (wanted && deaths == m_deaths) {
+    if (wanted && deaths == m_notes.death_count()) {
         add_tree(record, wanted);
     }
 }
 
 // Grows the tree out of sight, where nobody is notified of each node, and shows it as one row.
 // What would make it too large is left to the queue.
-void MirrorItems::add_tree(TreeData* record, EntityItem* target)
+void MirrorRows::add_tree(TreeData* record, EntityItem* target)
 {
     RecordItem* top = add_node(record, m_workbench, target);
     std::vector<RecordItem*> nodes{top};
@@ -226,9 +277,9 @@ void MirrorItems::add_tree(TreeData* record, EntityItem* target)
     m_items.moveEntity(top, target);
 }
 
-RecordItem* MirrorItems::add_node(TreeData* record, EntityItem* parent, EntityItem* target)
+RecordItem* MirrorRows::add_node(TreeData* record, EntityItem* parent, EntityItem* target)
 {
-    RecordItemData& data = data_of(record);
+    RecordItemData& data = m_notes.data_of(record);
     EntityItem* shown_parent = parent == m_workbench ? target : parent;
     auto* node = new RecordItem(data, m_unfilled, opens_below(data, shown_parent, target));
     if (!parent->getList()) {
@@ -238,7 +289,7 @@ RecordItem* MirrorItems::add_node(TreeData* record, EntityItem* parent, EntityIt
     return node;
 }
 
-bool MirrorItems::opens_below(
+bool MirrorRows::opens_below(
     const RecordItemData& data, EntityItem* parent, EntityItem* target) const
 {
     const auto* place = dynamic_cast<RecordItem*>(parent);
@@ -260,20 +311,28 @@ bool MirrorItems::opens_below(
     return true;
 }
 
-// Removes the rows that the item is not to have, and puts those that it lacks in m_missing.
-void MirrorItems::find_missing_children(RecordItem* item)
+// Removes the rows that the item is not to have, and finds those that it lacks. False if records
+// have died meanwhile.
+bool MirrorRows::start_filling(RecordItem* item)
 {
-    m_missing = m_records.children(item->data().record(), item->opens());
-    ++m_stamp;
-    for (const Entry& entry : m_missing) {
-        if (RecordItemData* known = data(entry.record)) {
-            known->m_stamp = m_stamp;
-        }
+    m_known_deaths = m_notes.death_count();
+    const std::vector<Entry> children = m_records.children(item->data().record(), item->opens());
+    if (!remove_superfluous(item, children)) {
+        return false;
     }
+    m_missing = missing_children(item, children);
+    m_filling = item;
+    return true;
+}
+
+// A stamp on the data tells a row that is to be from one that is not.
+bool MirrorRows::remove_superfluous(RecordItem* item, const std::vector<Entry>& children)
+{
+    const int wanted = stamp(children);
     std::vector<EntityItem*> superfluous;
     for (int row = 0; row < item->childCount(); ++row) {
         RecordItem* child = child_at(item, row);
-        if (child->data().m_stamp != m_stamp) {
+        if (child->data().m_stamp != wanted) {
             superfluous.push_back(child);
         }
     }
@@ -283,25 +342,44 @@ void MirrorItems::find_missing_children(RecordItem* item)
         std::for_each(
             superfluous.begin(), superfluous.end(), [this](EntityItem* child) { remove(child); });
     }
+    return m_known_deaths == m_notes.death_count();
+}
+
+// And a record that has a row has lost the stamp. The first one comes last.
+std::vector<MirrorRecords::Entry> MirrorRows::missing_children(
+    RecordItem* item, std::vector<Entry> children)
+{
+    const int wanted = stamp(children);
     for (int row = 0; row < item->childCount(); ++row) {
         child_at(item, row)->data().m_stamp = 0;
     }
-    // What is there has lost its stamp, and what is not has kept it or is unknown.
-    std::erase_if(m_missing, [this](const Entry& entry) {
-        const RecordItemData* known = data(entry.record);
-        return known && known->m_stamp != m_stamp;
+    std::erase_if(children, [&](const Entry& entry) {
+        const RecordItemData* known = m_notes.data(entry.record);
+        return known && known->m_stamp != wanted;
     });
-    std::reverse(m_missing.begin(), m_missing.end());
+    std::reverse(children.begin(), children.end());
+    return children;
 }
 
-void MirrorItems::remove(EntityItem* item)
+int MirrorRows::stamp(const std::vector<Entry>& children)
+{
+    ++m_stamp;
+    for (const Entry& entry : children) {
+        if (RecordItemData* known = m_notes.data(entry.record)) {
+            known->m_stamp = m_stamp;
+        }
+    }
+    return m_stamp;
+}
+
+void MirrorRows::remove(EntityItem* item)
 {
     m_filling = nullptr;
     set_crowds_aside(item);
     m_items.removeEntity(item);
 }
 
-void MirrorItems::clear_children(EntityItem* item)
+void MirrorRows::clear_children(EntityItem* item)
 {
     m_filling = nullptr;
     set_crowds_aside(item);
@@ -313,22 +391,29 @@ void MirrorItems::clear_children(EntityItem* item)
     const Category cleared = item_kind_info(ItemKind(item->getType())).category;
     for (int kind = 0; kind < int(ItemKind::FirstCategory); ++kind) {
         if (item_kind_info(ItemKind(kind)).category == cleared) {
-            m_scans.insert(ItemKind(kind));
+            m_notes.note_kind(ItemKind(kind));
         }
     }
 }
 
-/// Of the records that have a place at or below `top`.
-void MirrorItems::set_crowds_aside(EntityItem* top)
+void MirrorRows::set_aside_if_crowded(RecordItemData& data)
+{
+    if (data.is_crowded() && !data.is_set_aside()) {
+        data.set_places_aside();
+        m_crowds.insert(&data);
+    }
+}
+
+// Those of the records that have a place at or below `top`.
+void MirrorRows::set_crowds_aside(EntityItem* top)
 {
     std::vector<EntityItem*> items{top};
     while (!items.empty()) {
         EntityItem* item = items.back();
         items.pop_back();
         auto* data = static_cast<RecordItemData*>(item->getData());
-        if (data && data->is_crowded() && !data->is_set_aside()) {
-            data->set_places_aside();
-            m_crowds.insert(data);
+        if (data) {
+            set_aside_if_crowded(*data);
         }
         for (int row = 0; row < item->childCount(); ++row) {
             items.push_back(item->getChild(row));
@@ -336,17 +421,17 @@ void MirrorItems::set_crowds_aside(EntityItem* top)
     }
 }
 
-void MirrorItems::put_crowds_back()
+void MirrorRows::put_crowds_back()
 {
     for (RecordItemData* data : std::exchange(m_crowds, {})) {
         data->put_places_back();
     }
 }
 
-bool MirrorItems::is_mostly_dead(EntityItem* parent)
+bool MirrorRows::is_mostly_dead(EntityItem* parent)
 {
     const int count = parent->childCount();
-    if (parent == m_not_mostly_dead || !clearing_pays(count, int(m_dead.size()))) {
+    if (parent == m_not_mostly_dead || !clearing_pays(count, m_notes.dead_count())) {
         return false;
     }
     int dead = 0;
@@ -358,4 +443,18 @@ bool MirrorItems::is_mostly_dead(EntityItem* parent)
         m_not_mostly_dead = parent;
     }
     return result;
+}
+
+void MirrorRows::show_counts()
+{
+    for (EntityCategory* category : m_categories) {
+        const QString title = item_kind_info(ItemKind(category->getType())).plural;
+        const int count = category->childCount();
+        const QString display =
+            count > 0 ? QCoreApplication::translate("MirrorRows", "%1 (%2)").arg(title).arg(count)
+                      : title;
+        if (category->setDisplay(display)) {
+            m_items.updateEntity(category);
+        }
+    }
 }
