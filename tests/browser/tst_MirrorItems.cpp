@@ -77,6 +77,8 @@ private Q_SLOTS:
     void manyPlacesOfOneRecordAreRemovedTogether();
     void mostRowsOfACategoryGoAtOnce();
     void mostMembersOfAGroupGoAtOnce();
+    void mostMembersOfAGroupDieAtOnce();
+    void memberThatDiesWhileItsGroupIsFilledIsNotShown();
     void destructionLeavesTheModelAsItWas();
 
     void kindsLieInBlocks();
@@ -842,6 +844,44 @@ void tst_MirrorItems::mostMembersOfAGroupGoAtOnce()
     QCOMPARE(
         rows(Category::Groups), QStringList({"Grip <group 1>", "  Vertex 6000 <vertex 6000>"}));
     QCOMPARE(removals.size(), 1);
+}
+
+void tst_MirrorItems::mostMembersOfAGroupDieAtOnce()
+{
+    findings.reset(); // Slow on many rows
+    std::vector<int> vertices;
+    for (int id = 1; id <= 6'000; ++id) {
+        vertices.push_back(kernel->create_vertex());
+    }
+    kernel->add_to_group(kernel->create_group("Grip"), EntityKind::VERTEX, vertices);
+    vertices.resize(5'999);
+    kernel->create_curve(vertices);
+    join->settle();
+
+    kernel->remove(EntityKind::CURVE, 1);
+
+    QCOMPARE(
+        rows(Category::Groups), QStringList({"Grip <group 1>", "  Vertex 6000 <vertex 6000>"}));
+}
+
+void tst_MirrorItems::memberThatDiesWhileItsGroupIsFilledIsNotShown()
+{
+    kernel->create_group("Grip");
+    for (int id = 1; id <= 3; ++id) {
+        kernel->create_vertex();
+    }
+    join->settle();
+    EntityItem* group = only_place(mirror->find_group(1));
+    kernel->add_to_group(1, EntityKind::VERTEX, {1, 2, 3});
+    while (group->childCount() == 0) {
+        QVERIFY(join->advance(QDeadlineTimer(0)));
+    }
+    QCOMPARE(group->childCount(), 1);
+
+    kernel->remove(EntityKind::VERTEX, 3);
+
+    QCOMPARE(rows(Category::Groups),
+        QStringList({"Grip <group 1>", "  Vertex 1 <vertex 1>", "  Vertex 2 <vertex 2>"}));
 }
 
 void tst_MirrorItems::destructionLeavesTheModelAsItWas()
