@@ -207,6 +207,11 @@ ItemKind item_kind(Category category)
     return ItemKind::FirstCategory + int(category);
 }
 
+bool is_element_count(ItemKind kind)
+{
+    return kind >= ItemKind::Hex && kind <= ItemKind::Node;
+}
+
 EntityTypeRange item_kind_blocks()
 {
     EntityTypeRange blocks;

@@ -95,6 +95,9 @@ ItemKind item_kind(TreeData* record);
 
 ItemKind item_kind(Category category);
 
+/// True from ItemKind::Hex to ItemKind::Node.
+bool is_element_count(ItemKind kind);
+
 /// The type numbers as blocks: geometry, groups, mesh, sets, FEA conditions, CFD conditions,
 /// materials, categories.
 EntityTypeRange item_kind_blocks();

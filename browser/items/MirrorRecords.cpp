@@ -26,11 +26,6 @@ Type offset_from(ItemKind first, ItemKind kind)
     return Type(int(kind) - int(first));
 }
 
-bool is_element_count(ItemKind kind)
-{
-    return kind >= ItemKind::Hex && kind <= ItemKind::Node;
-}
-
 } // namespace
 
 MirrorRecords::MirrorRecords(TreeModel& mirror)
@@ -50,16 +45,14 @@ std::vector<MirrorRecords::Entry> MirrorRecords::children(TreeData* record, bool
     if (opens && kind < ItemKind::Vertex) {
         append(result, m_mirror.find_geometry_children(static_cast<TreeGeometryData*>(record)));
     } else if (opens && kind == ItemKind::Group) {
-        append(result, m_mirror.find_group_children(static_cast<TreeGroupData*>(record)));
+        result = members(static_cast<TreeGroupData*>(record));
     } else if (opens && kind >= ItemKind::Force && kind <= ItemKind::ContactPair) {
         append(result, m_mirror.find_exodus_from_fea(static_cast<TreeFeaBCData*>(record)));
     } else if (opens && kind >= ItemKind::Axis && kind <= ItemKind::Wall) {
         append(result, m_mirror.find_exodus_from_cfd(static_cast<TreeCfdBCData*>(record)));
     }
     append(result, m_mirror.find_mesh_data(record));
-    // The element counts of a group are members of it, too.
     std::sort(result.begin(), result.end());
-    result.erase(std::unique(result.begin(), result.end()), result.end());
     return result;
 }
 
@@ -108,4 +101,23 @@ std::vector<TreeData*> MirrorRecords::all(ItemKind kind) const
         return as_records(m_mirror.materials(kind == ItemKind::Medium));
     }
     return {};
+}
+
+// Element counts are members, too, but come with their owner. A record that has just left the
+// mirror stays a member until it is deleted.
+std::vector<MirrorRecords::Entry> MirrorRecords::members(TreeGroupData* group) const
+{
+    std::vector<Entry> result;
+    append(result, m_mirror.find_group_children(group));
+    std::erase_if(result, [this](const Entry& entry) { return !stands(entry); });
+    return result;
+}
+
+bool MirrorRecords::stands(const Entry& entry) const
+{
+    if (entry.kind <= ItemKind::Vertex) {
+        const auto type = TreeGeometryData::GeometryType(TreeGeometryData::BODY - int(entry.kind));
+        return m_mirror.find_geometry(type, entry.id) == entry.record;
+    }
+    return entry.kind == ItemKind::Group && m_mirror.find_group(entry.id) == entry.record;
 }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+class TreeGroupData;
 class TreeModel;
 
 /// What a mirror says about the places of its records in the tree. Reads it at each call.
@@ -37,5 +38,8 @@ public:
     std::vector<TreeData*> all(ItemKind kind) const;
 
 private:
+    std::vector<Entry> members(TreeGroupData* group) const;
+    bool stands(const Entry& entry) const;
+
     TreeModel& m_mirror;
 };

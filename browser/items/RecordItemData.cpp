@@ -9,11 +9,6 @@ namespace {
 
 constexpr int crowd = 64; // So many nodes are as quickly searched as set aside
 
-bool is_element_count(ItemKind kind)
-{
-    return kind >= ItemKind::Hex && kind <= ItemKind::Node;
-}
-
 // Element counts are told apart by their types; the number is none of the kernel's ids.
 int shown_id(TreeData* record, ItemKind kind)
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <browser/items/ItemKind.hpp>
+#include <QFlags>
 #include <QSet>
 #include <treemodel/entity/EntityItemData.hpp>
 #include <vector>
@@ -21,6 +22,14 @@ public:
     /// Null if the record has left the mirror; its rows follow at once.
     TreeData* record() const { return m_record; }
 
+    /// What of a record can change.
+    enum Change : quint8 {
+        Nothing = 0,
+        Values = 1, // Its name, id, type or visibility
+        Look = 2,   // What its icon tells
+    };
+    Q_DECLARE_FLAGS(Changes, Change)
+
     ItemKind kind() const { return ItemKind(getType()); }
 
     /// All nodes over this data.
@@ -30,15 +39,9 @@ public:
     RecordItem* home() const { return m_home; }
 
 private:
-    friend class MirrorItems;
+    friend class MirrorNotes;
+    friend class MirrorRows;
     friend class RecordItem;
-
-    /// What of the record has changed since it was read last.
-    enum Change : quint8 {
-        Nothing = 0,
-        Values = 1, // Its name, id, type or visibility
-        Look = 2,   // What its icon tells
-    };
 
     /// Reads the record anew; true if what rows are sorted by has changed.
     bool read_keys();
@@ -64,8 +67,8 @@ private:
     RecordItem* m_home = nullptr; // Not owned
     int m_place_count = 0;
     int m_stamp = 0;
-    quint8 m_changes = Nothing;
-    bool m_children_changed = false;
+    Changes m_changes = Nothing;     // Since they were noted
+    bool m_children_changed = false; // Likewise
 
     bool m_is_set_aside = false;
     std::vector<EntityItem*> m_aside;

@@ -34,13 +34,27 @@ public:
         : m_random(seed)
     {
         m_mirror.connect_to_kesto();
+        look_inside(&TreeModel::geometry_added);
+        look_inside(&TreeModel::geometry_removed);
+        look_inside(&TreeModel::geometry_associated);
+        look_inside(&TreeModel::geometry_disassociated);
+        look_inside(&TreeModel::group_removed);
+        look_inside(&TreeModel::group_child_added);
+        look_inside(&TreeModel::group_child_removed);
+        look_inside(&TreeModel::mesh_data_removed);
+        look_inside(&TreeModel::fea_bc_removed);
+        look_inside(&TreeModel::exodus_entity_removed);
     }
 
     ~Front() { m_mirror.disconnect_from_kesto(); }
 
-    /// Does nothing, or part of what there is to do, or all. Gives back what is wrong then.
+    /// Does nothing, or part of what there is to do, or all. Gives back what is wrong then, or was
+    /// before, inside a signal.
     QString look()
     {
+        if (!m_wrong_inside.isEmpty()) {
+            return "Inside a signal: " + m_wrong_inside;
+        }
         touch();
         switch (m_random() % 4) {
         case 0:
@@ -77,6 +91,17 @@ public:
     }
 
 private:
+    // As an event loop that runs in a receiver would have it.
+    template <typename Signal>
+    void look_inside(Signal signal)
+    {
+        QObject::connect(&m_mirror, signal, &m_inside, [this] {
+            if (m_random() % 8 == 0 && m_wrong_inside.isEmpty()) {
+                m_wrong_inside = look();
+            }
+        });
+    }
+
     QString fault() const
     {
         const QString wrong = ItemRows::fault(m_join, m_column, m_order);
@@ -114,8 +139,10 @@ private:
     ModelFindings m_findings{m_items};
     ModelSpy m_spy{&m_items};
     MirrorItems m_join{m_mirror, m_items};
+    QString m_wrong_inside;
     int m_column = 1;
     Qt::SortOrder m_order = Qt::AscendingOrder;
+    QObject m_inside; // Receives as long as all else stands
 };
 
 // What is wrong after some part of the script; empty if nothing is.
