@@ -5,6 +5,7 @@
 #include <NotificationLog.hpp>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTreeView>
 #include <TestModels.hpp>
 
 namespace {
@@ -12,12 +13,14 @@ namespace {
 /// Two cubes in a row, which share surface 2, its curves and vertices; a group and a material.
 struct LinkedModel : JoinedModel
 {
+    NoIcons icons;
     EntityFilter rows{items};
     SelectionLink link{join, rows};
     NotificationLog log;
 
     LinkedModel()
     {
+        items.setIcons(&icons);
         kernel.open_model(lattice(2, 1, 1), "two.step");
         kernel.create_group("Bolts");
         kernel.create_material("Steel");
@@ -95,6 +98,7 @@ private Q_SLOTS:
     void followsTheKernelIfAskedTo();
     void changesOfTheRecordsAreTold();
     void manySeparateRowsAreSelectedAndDeselected();
+    void treeViewSelectsByMouseAndKeyboard();
 };
 
 void tst_SelectionLink::clickedRowIsSelectedInTheKernelOnce()
@@ -386,6 +390,37 @@ void tst_SelectionLink::manySeparateRowsAreSelectedAndDeselected()
     model.click(model.row(model.body(1)));
     QCOMPARE(model.selected_in_kernel(), QString("body 1"));
     QCOMPARE(model.selected_rows(), QString("body 1"));
+}
+
+void tst_SelectionLink::treeViewSelectsByMouseAndKeyboard()
+{
+    LinkedModel model;
+    QTreeView view;
+    view.setModel(&model.rows);
+    view.setSelectionModel(&model.link);
+    view.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view.expand(model.rows.index(model.join.category(Category::Geometry)));
+    view.expand(model.row(model.body(1)));
+    view.resize(400, 400);
+    view.show();
+    const auto click = [&](TreeData* record, Qt::KeyboardModifiers modifiers) {
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers,
+            view.visualRect(model.row(record)).center());
+    };
+
+    click(model.volume(1), Qt::NoModifier);
+    QCOMPARE(model.selected_in_kernel(), QString("volume 1"));
+    click(model.volume(2), Qt::ControlModifier);
+    QCOMPARE(model.selected_in_kernel(), QString("volume 1, volume 2"));
+    click(model.body(1), Qt::ShiftModifier);
+    QTest::keyClick(&view, Qt::Key_Up, Qt::ShiftModifier);
+    click(model.body(1), Qt::NoModifier);
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(model.selected_in_kernel(), QString("body 1, volume 1"));
+    QTest::keyClick(&view, Qt::Key_Down);
+    QCOMPARE(model.selected_in_kernel(), QString("volume 2"));
+    QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(model.selected_in_kernel(), QString("body 1, volume 1, volume 2"));
 }
 
 QTEST_MAIN(tst_SelectionLink)
