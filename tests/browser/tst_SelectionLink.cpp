@@ -1,11 +1,13 @@
 #include "JoinedModel.hpp"
 
 #include <browser/editing/EntityFilter.hpp>
+#include <browser/editing/KernelEntity.hpp>
 #include <browser/editing/SelectionLink.hpp>
 #include <NotificationLog.hpp>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTreeView>
+#include <random>
 #include <TestModels.hpp>
 
 namespace {
@@ -99,6 +101,8 @@ private Q_SLOTS:
     void changesOfTheRecordsAreTold();
     void manySeparateRowsAreSelectedAndDeselected();
     void treeViewSelectsByMouseAndKeyboard();
+    void rowsAgreeWithTheKernelUnderRandomUse_data();
+    void rowsAgreeWithTheKernelUnderRandomUse();
 };
 
 void tst_SelectionLink::clickedRowIsSelectedInTheKernelOnce()
@@ -421,6 +425,144 @@ void tst_SelectionLink::treeViewSelectsByMouseAndKeyboard()
     QCOMPARE(model.selected_in_kernel(), QString("volume 2"));
     QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
     QCOMPARE(model.selected_in_kernel(), QString("body 1, volume 1, volume 2"));
+}
+
+void tst_SelectionLink::rowsAgreeWithTheKernelUnderRandomUse_data()
+{
+    QTest::addColumn<unsigned>("seed");
+    for (unsigned seed = 1; seed <= 6; ++seed) {
+        QTest::addRow("seed %u", seed) << seed;
+    }
+}
+
+namespace {
+
+/// Selects from both sides, and filters and changes the model meanwhile.
+class RandomUse
+{
+public:
+    RandomUse(LinkedModel& model, unsigned seed)
+        : m_model(model)
+        , m_random(seed)
+    {
+    }
+
+    QString run()
+    {
+        static const std::vector<std::pair<QString, void (RandomUse::*)()>> uses{
+            {"click", &RandomUse::click},
+            {"click with control", &RandomUse::click_with_control},
+            {"select a range", &RandomUse::select_range},
+            {"select in the kernel", &RandomUse::select_in_kernel},
+            {"deselect in the kernel", &RandomUse::deselect_in_kernel},
+            {"filter", &RandomUse::filter},
+            {"group", &RandomUse::group},
+            {"unlink", &RandomUse::unlink},
+            {"sort", &RandomUse::sort},
+        };
+        const auto& [name, use] = uses[std::size_t(below(int(uses.size())))];
+        (this->*use)();
+        return name;
+    }
+
+    std::vector<QModelIndex> shown_rows(const QModelIndex& parent = {}) const
+    {
+        std::vector<QModelIndex> rows;
+        for (int row = 0; row < m_model.rows.rowCount(parent); ++row) {
+            const QModelIndex index = m_model.rows.index(row, 0, parent);
+            rows.push_back(index);
+            const std::vector<QModelIndex> more = shown_rows(index);
+            rows.insert(rows.end(), more.begin(), more.end());
+        }
+        return rows;
+    }
+
+private:
+    int below(int bound) { return std::uniform_int_distribution(0, bound - 1)(m_random); }
+
+    QModelIndex some_row()
+    {
+        const std::vector<QModelIndex> rows = shown_rows();
+        return rows.empty() ? QModelIndex() : rows[std::size_t(below(int(rows.size())))];
+    }
+
+    std::vector<int> some_curves()
+    {
+        const int first = 1 + below(15);
+        return {first, first + 1, first + 3};
+    }
+
+    void click() { m_model.click(some_row()); }
+    void click_with_control() { m_model.click_with_control(some_row()); }
+    void select_range()
+    {
+        const QModelIndex row = some_row();
+        const QModelIndex last = row.siblingAtRow(m_model.rows.rowCount(row.parent()) - 1);
+        m_model.link.select(QItemSelection(row, last),
+            QItemSelectionModel::Rows |
+                (below(2) ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::Toggle));
+    }
+    void select_in_kernel() { m_model.kernel.select(EntityKind::CURVE, some_curves()); }
+    void deselect_in_kernel() { m_model.kernel.deselect(EntityKind::CURVE, some_curves()); }
+    void filter()
+    {
+        static const QStringList texts{"", "", "curve", "curve 1", "surface 2", "vertex 3", "bolt"};
+        m_model.rows.set_text(texts.at(below(int(texts.size()))));
+    }
+    void group()
+    {
+        const int id = m_model.kernel.create_group("Bolts again");
+        m_model.kernel.add_to_group(id, EntityKind::CURVE, some_curves());
+        if (below(2)) {
+            const auto groups = m_model.mirror.groups();
+            m_model.kernel.remove(
+                EntityKind::GROUP, groups[std::size_t(below(int(groups.size())))]->id());
+        }
+    }
+    void unlink()
+    {
+        TreeGeometryData* surface = m_model.mirror.geometry(TreeGeometryData::SURFACE).front();
+        const auto curves = m_model.mirror.find_geometry_children(surface);
+        if (!curves.empty()) {
+            m_model.kernel.unrelate(EntityKind::SURFACE, surface->id(), curves.front()->id());
+        }
+    }
+    void sort()
+    {
+        m_model.rows.sort(below(2), below(2) ? Qt::AscendingOrder : Qt::DescendingOrder);
+    }
+
+    LinkedModel& m_model;
+    std::mt19937 m_random;
+};
+
+} // namespace
+
+void tst_SelectionLink::rowsAgreeWithTheKernelUnderRandomUse()
+{
+    QFETCH(unsigned, seed);
+    LinkedModel model;
+    model.kernel.remove(EntityKind::MATERIAL, 1); // Of which the kernel tells nothing
+    RandomUse use(model, seed);
+
+    // The first shown row that is selected and should not be or the other way round.
+    const auto wrong_row = [&] {
+        const QStringList selected = model.selected_in_kernel().split(", ");
+        for (const QModelIndex& index : use.shown_rows()) {
+            TreeData* record = model.join.record(model.rows.item(index));
+            const auto entity = kernel_entity(record);
+            if (entity && model.link.isSelected(index) != selected.contains(entity->text())) {
+                return entity->text();
+            }
+        }
+        return QString();
+    };
+    for (int step = 0; step < 120; ++step) {
+        const QString name = use.run();
+        model.join.settle();
+        model.rows.settle();
+        QTRY_VERIFY2(wrong_row().isEmpty(), qPrintable(name + ": " + wrong_row()));
+    }
 }
 
 QTEST_MAIN(tst_SelectionLink)
