@@ -10,7 +10,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int column_count = 2;
-constexpr auto slice = 4ms;
 constexpr auto endless = 24h;
 // From a change of the items to the search that heeds it.
 constexpr auto search_delay = 250ms;
@@ -50,12 +49,11 @@ EntityItem* EntityFilter::item(const QModelIndex& index) const
     return index.model() == this ? static_cast<EntityItem*>(index.internalPointer()) : nullptr;
 }
 
-QModelIndex EntityFilter::index(const EntityItem* item) const
+QModelIndex EntityFilter::index(EntityItem* item) const
 {
-    auto* const node = const_cast<EntityItem*>(item);
     bool is_hidden = false;
-    const bool stands = m_items.contains(node, is_hidden) && !is_hidden;
-    return stands && m_shown.shows(node) ? createIndex(row_of(node), 0, node) : QModelIndex();
+    const bool stands = m_items.contains(item, is_hidden) && !is_hidden;
+    return stands && m_shown.shows(item) ? createIndex(row_of(item), 0, item) : QModelIndex();
 }
 
 QModelIndex EntityFilter::index(int row, int column, const QModelIndex& parent) const
@@ -69,7 +67,7 @@ QModelIndex EntityFilter::index(int row, int column, const QModelIndex& parent) 
 
 QModelIndex EntityFilter::parent(const QModelIndex& index) const
 {
-    const EntityItem* const node = item(index);
+    EntityItem* const node = item(index);
     EntityItem* const above = node ? ShownRows::parent_of(node) : nullptr;
     return above ? createIndex(row_of(above), 0, above) : QModelIndex();
 }
@@ -86,7 +84,7 @@ int EntityFilter::rowCount(const QModelIndex& parent) const
     if (parent.column() > 0) {
         return 0;
     }
-    const EntityItem* const node = item(parent);
+    EntityItem* const node = item(parent);
     if (const ShownRows::List* list = m_shown.find(node)) {
         return static_cast<int>(list->size());
     }
@@ -144,7 +142,7 @@ EntityItem* EntityFilter::source_item(const QModelIndex& index) const
     return m_items.getEntity(index);
 }
 
-EntityItem* EntityFilter::child(const EntityItem* parent, int row) const
+EntityItem* EntityFilter::child(EntityItem* parent, int row) const
 {
     if (const ShownRows::List* list = m_shown.find(parent)) {
         const auto place = static_cast<std::size_t>(row);
@@ -153,11 +151,10 @@ EntityItem* EntityFilter::child(const EntityItem* parent, int row) const
     return parent ? parent->getChild(row) : source_item(m_items.index(row, 0));
 }
 
-int EntityFilter::row_of(const EntityItem* item) const
+int EntityFilter::row_of(EntityItem* item) const
 {
     const ShownRows::List* const list = m_shown.find(ShownRows::parent_of(item));
-    return list ? ShownRows::row_in(*list, item)
-                : item->getParentEntity()->getChildIndex(const_cast<EntityItem*>(item));
+    return list ? ShownRows::row_in(*list, item) : item->getParentEntity()->getChildIndex(item);
 }
 
 QItemSelection EntityFilter::selection(const std::vector<EntityItem*>& items) const
@@ -483,7 +480,7 @@ void EntityFilter::proceed()
         m_is_outdated = false;
         m_walk.emplace(m_items, m_text);
     }
-    if (m_walk->run(slice)) {
+    if (m_walk->run(m_slice)) {
         finish();
     } else {
         m_timer.start(0);
@@ -519,9 +516,9 @@ void EntityFilter::show(ShownRows& shown)
 void EntityFilter::tell_paths(const ShownRows& before)
 {
     std::vector<EntityItem*> parents;
-    m_shown.visit_parents([&](const EntityItem* parent) {
+    m_shown.visit_parents([&](EntityItem* parent) {
         if (!before.find(parent)) {
-            parents.push_back(const_cast<EntityItem*>(parent));
+            parents.push_back(parent);
         }
     });
     QModelIndexList paths;

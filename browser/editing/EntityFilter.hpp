@@ -20,6 +20,9 @@ class EntityModel;
 /// what it showed before. When the items change, rows that go, move and change are followed at
 /// once; what is to appear appears after the next search, which follows within moments.
 ///
+/// It is not a QSortFilterProxyModel, which keeps rows of its own for each open parent, mends them
+/// with each single insertion, and filters a parent in one go.
+///
 /// The item of a row is in its index: item() and index() cost next to nothing
 /// beside the way over mapToSource(). The text never hits a heading, an item with a category.
 class EntityFilter : public QAbstractProxyModel
@@ -38,6 +41,9 @@ public:
     /// text shows all rows at once, and emits filtered() with 0 of 0.
     void set_text(const QString& text);
 
+    /// How long a slice of the search takes, at least; 4 ms at first.
+    void set_slice(std::chrono::nanoseconds slice) { m_slice = slice; }
+
     /// True if there is a text.
     bool is_active() const { return !m_text.isEmpty(); }
 
@@ -55,7 +61,7 @@ public:
     EntityItem* item(const QModelIndex& index) const;
 
     /// The index in column 0 of an item that is shown; invalid for any other.
-    QModelIndex index(const EntityItem* item) const;
+    QModelIndex index(EntityItem* item) const;
 
     /// The whole rows of those of the items that are shown. Neighbours share a range, and the
     /// ranges of a parent come from the top down.
@@ -132,8 +138,8 @@ private:
     void rewrite_persistent_indexes();
 
     EntityItem* source_item(const QModelIndex& index) const;
-    EntityItem* child(const EntityItem* parent, int row) const;
-    int row_of(const EntityItem* item) const;
+    EntityItem* child(EntityItem* parent, int row) const;
+    int row_of(EntityItem* item) const;
     std::vector<Siblings> rows_of(const std::vector<EntityItem*>& items) const;
 
     EntityModel& m_items;
@@ -147,6 +153,7 @@ private:
     bool m_passes_layout_on = false;
     bool m_is_sorting = false;
 
+    std::chrono::nanoseconds m_slice = std::chrono::milliseconds(4);
     std::optional<FilterWalk> m_walk; // The search under way
     bool m_is_outdated = false;       // The search under way has missed something
     QTimer m_timer;                   // To the next slice, or the next search

@@ -28,16 +28,19 @@ void OpenRows::restore()
 
 void OpenRows::save_below(const QModelIndex& parent)
 {
-    for (int row = 0; row < m_rows.rowCount(parent); ++row) {
+    const EntityItem* const container = m_rows.item(parent);
+    const int count = m_rows.rowCount(parent);
+    for (int row = 0; row < count; ++row) {
+        // Most rows of a large tree are leaves, which are looked at and no more. A category may
+        // be open before it gets its first row.
+        if (container && container->getChild(row)->childCount() == 0) {
+            continue;
+        }
         const QModelIndex index = m_rows.index(row, 0, parent);
-        const bool has_children = m_rows.hasChildren(index);
-        // A category may be open before it gets its first row.
-        if ((has_children || !parent.isValid()) && m_view.isExpanded(index)) {
+        if (m_view.isExpanded(index)) {
             m_items.insert(m_rows.item(index));
         }
-        if (has_children) {
-            save_below(index);
-        }
+        save_below(index);
     }
 }
 

@@ -10,7 +10,7 @@ EntityItem* ShownRows::parent_of(const EntityItem* item)
     return parent && parent->getParentEntity() ? parent : nullptr;
 }
 
-const ShownRows::List* ShownRows::find(const EntityItem* parent) const
+const ShownRows::List* ShownRows::find(EntityItem* parent) const
 {
     const auto found = m_lists.find(parent);
     return found == m_lists.end() ? nullptr : &found->second;
@@ -21,12 +21,12 @@ void ShownRows::set(EntityItem* parent, List list)
     m_lists[parent] = std::move(list);
 }
 
-bool ShownRows::shows(const EntityItem* item) const
+bool ShownRows::shows(EntityItem* item) const
 {
     if (shows_everything()) {
         return true;
     }
-    const EntityItem* parent = parent_of(item);
+    EntityItem* parent = parent_of(item);
     while (parent && !find(parent)) {
         item = parent;
         parent = parent_of(item);
@@ -34,7 +34,7 @@ bool ShownRows::shows(const EntityItem* item) const
     return row_in(*find(parent), item) >= 0;
 }
 
-bool ShownRows::shows_all_below(const EntityItem* parent) const
+bool ShownRows::shows_all_below(EntityItem* parent) const
 {
     return shows_everything() || (parent && !find(parent) && shows(parent));
 }
@@ -77,11 +77,11 @@ void ShownRows::reorder(EntityItem* parent)
         listed.insert(row.item);
     }
     const EntityItem* container = list.front().item->getParentEntity();
-    std::size_t place = 0;
-    for (int row = 0; place < list.size(); ++row) {
+    list.clear();
+    for (int row = 0; row < container->childCount(); ++row) {
         EntityItem* child = container->getChild(row);
         if (listed.contains(child)) {
-            list[place++] = {child, row};
+            list.push_back({child, row});
         }
     }
 }
@@ -89,6 +89,6 @@ void ShownRows::reorder(EntityItem* parent)
 void ShownRows::reorder_all()
 {
     for (const auto& [parent, list] : m_lists) {
-        reorder(const_cast<EntityItem*>(parent));
+        reorder(parent);
     }
 }

@@ -26,12 +26,12 @@ public:
     static EntityItem* parent_of(const EntityItem* item);
 
     /// Null for a parent of which all rows are shown, or none.
-    const List* find(const EntityItem* parent) const;
+    const List* find(EntityItem* parent) const;
     void set(EntityItem* parent, List list);
 
     bool shows_everything() const { return m_lists.empty(); }
-    bool shows(const EntityItem* item) const;
-    bool shows_all_below(const EntityItem* parent) const;
+    bool shows(EntityItem* item) const;
+    bool shows_all_below(EntityItem* parent) const;
 
     /// The row of an item in the list of its parent, -1 if it is not in it.
     static int row_in(const List& list, const EntityItem* item);
@@ -59,5 +59,5 @@ public:
 private:
     void erase_lists_from(EntityItem* item);
 
-    std::unordered_map<const EntityItem*, List> m_lists;
+    std::unordered_map<EntityItem*, List> m_lists;
 };

@@ -4,6 +4,11 @@
 #include <treemodel/entity/EntityCategory.hpp>
 #include <treemodel/entity/EntityModel.hpp>
 
+struct NoIcons : EntityIconFactory
+{
+    const char* getIconPath(EntityItem* /*item*/) override { return ""; }
+};
+
 /// A new child of `parent`, at top level if that is null, which can have children itself.
 inline SimpleItem* add_item(EntityModel& items, EntityItem* parent, const QString& name, int id = 0)
 {

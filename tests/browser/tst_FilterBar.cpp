@@ -11,11 +11,6 @@
 
 namespace {
 
-struct NoIcons : EntityIconFactory
-{
-    const char* getIconPath(EntityItem* /*item*/) override { return ""; }
-};
-
 /// A window with a tree view and a filter bar above it, over three boxes with three bags of
 /// three screws each.
 struct Window

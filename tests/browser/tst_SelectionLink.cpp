@@ -1,10 +1,13 @@
 #include "JoinedModel.hpp"
 
 #include <browser/editing/EntityFilter.hpp>
+#include <browser/editing/KernelEntity.hpp>
 #include <browser/editing/SelectionLink.hpp>
 #include <NotificationLog.hpp>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTreeView>
+#include <random>
 #include <TestModels.hpp>
 
 namespace {
@@ -12,12 +15,14 @@ namespace {
 /// Two cubes in a row, which share surface 2, its curves and vertices; a group and a material.
 struct LinkedModel : JoinedModel
 {
+    NoIcons icons;
     EntityFilter rows{items};
     SelectionLink link{join, rows};
     NotificationLog log;
 
     LinkedModel()
     {
+        items.setIcons(&icons);
         kernel.open_model(lattice(2, 1, 1), "two.step");
         kernel.create_group("Bolts");
         kernel.create_material("Steel");
@@ -95,6 +100,9 @@ private Q_SLOTS:
     void followsTheKernelIfAskedTo();
     void changesOfTheRecordsAreTold();
     void manySeparateRowsAreSelectedAndDeselected();
+    void treeViewSelectsByMouseAndKeyboard();
+    void rowsAgreeWithTheKernelUnderRandomUse_data();
+    void rowsAgreeWithTheKernelUnderRandomUse();
 };
 
 void tst_SelectionLink::clickedRowIsSelectedInTheKernelOnce()
@@ -386,6 +394,175 @@ void tst_SelectionLink::manySeparateRowsAreSelectedAndDeselected()
     model.click(model.row(model.body(1)));
     QCOMPARE(model.selected_in_kernel(), QString("body 1"));
     QCOMPARE(model.selected_rows(), QString("body 1"));
+}
+
+void tst_SelectionLink::treeViewSelectsByMouseAndKeyboard()
+{
+    LinkedModel model;
+    QTreeView view;
+    view.setModel(&model.rows);
+    view.setSelectionModel(&model.link);
+    view.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view.expand(model.rows.index(model.join.category(Category::Geometry)));
+    view.expand(model.row(model.body(1)));
+    view.resize(400, 400);
+    view.show();
+    const auto click = [&](TreeData* record, Qt::KeyboardModifiers modifiers) {
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, modifiers,
+            view.visualRect(model.row(record)).center());
+    };
+
+    click(model.volume(1), Qt::NoModifier);
+    QCOMPARE(model.selected_in_kernel(), QString("volume 1"));
+    click(model.volume(2), Qt::ControlModifier);
+    QCOMPARE(model.selected_in_kernel(), QString("volume 1, volume 2"));
+    click(model.body(1), Qt::ShiftModifier);
+    QTest::keyClick(&view, Qt::Key_Up, Qt::ShiftModifier);
+    click(model.body(1), Qt::NoModifier);
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(model.selected_in_kernel(), QString("body 1, volume 1"));
+    QTest::keyClick(&view, Qt::Key_Down);
+    QCOMPARE(model.selected_in_kernel(), QString("volume 2"));
+    QTest::keyClick(&view, Qt::Key_A, Qt::ControlModifier);
+    QCOMPARE(model.selected_in_kernel(), QString("body 1, volume 1, volume 2"));
+}
+
+void tst_SelectionLink::rowsAgreeWithTheKernelUnderRandomUse_data()
+{
+    QTest::addColumn<unsigned>("seed");
+    for (unsigned seed = 1; seed <= 6; ++seed) {
+        QTest::addRow("seed %u", seed) << seed;
+    }
+}
+
+namespace {
+
+/// Selects from both sides, and filters and changes the model meanwhile.
+class RandomUse
+{
+public:
+    RandomUse(LinkedModel& model, unsigned seed)
+        : m_model(model)
+        , m_random(seed)
+    {
+    }
+
+    QString run()
+    {
+        static const std::vector<std::pair<QString, void (RandomUse::*)()>> uses{
+            {"click", &RandomUse::click},
+            {"click with control", &RandomUse::click_with_control},
+            {"select a range", &RandomUse::select_range},
+            {"select in the kernel", &RandomUse::select_in_kernel},
+            {"deselect in the kernel", &RandomUse::deselect_in_kernel},
+            {"filter", &RandomUse::filter},
+            {"group", &RandomUse::group},
+            {"unlink", &RandomUse::unlink},
+            {"sort", &RandomUse::sort},
+        };
+        const auto& [name, use] = uses[std::size_t(below(int(uses.size())))];
+        (this->*use)();
+        return name;
+    }
+
+    std::vector<QModelIndex> shown_rows(const QModelIndex& parent = {}) const
+    {
+        std::vector<QModelIndex> rows;
+        for (int row = 0; row < m_model.rows.rowCount(parent); ++row) {
+            const QModelIndex index = m_model.rows.index(row, 0, parent);
+            rows.push_back(index);
+            const std::vector<QModelIndex> more = shown_rows(index);
+            rows.insert(rows.end(), more.begin(), more.end());
+        }
+        return rows;
+    }
+
+private:
+    int below(int bound) { return std::uniform_int_distribution(0, bound - 1)(m_random); }
+
+    QModelIndex some_row()
+    {
+        const std::vector<QModelIndex> rows = shown_rows();
+        return rows.empty() ? QModelIndex() : rows[std::size_t(below(int(rows.size())))];
+    }
+
+    std::vector<int> some_curves()
+    {
+        const int first = 1 + below(15);
+        return {first, first + 1, first + 3};
+    }
+
+    void click() { m_model.click(some_row()); }
+    void click_with_control() { m_model.click_with_control(some_row()); }
+    void select_range()
+    {
+        const QModelIndex row = some_row();
+        const QModelIndex last = row.siblingAtRow(m_model.rows.rowCount(row.parent()) - 1);
+        m_model.link.select(QItemSelection(row, last),
+            QItemSelectionModel::Rows |
+                (below(2) ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::Toggle));
+    }
+    void select_in_kernel() { m_model.kernel.select(EntityKind::CURVE, some_curves()); }
+    void deselect_in_kernel() { m_model.kernel.deselect(EntityKind::CURVE, some_curves()); }
+    void filter()
+    {
+        static const QStringList texts{"", "", "curve", "curve 1", "surface 2", "vertex 3", "bolt"};
+        m_model.rows.set_text(texts.at(below(int(texts.size()))));
+    }
+    void group()
+    {
+        const int id = m_model.kernel.create_group("Bolts again");
+        m_model.kernel.add_to_group(id, EntityKind::CURVE, some_curves());
+        if (below(2)) {
+            const auto groups = m_model.mirror.groups();
+            m_model.kernel.remove(
+                EntityKind::GROUP, groups[std::size_t(below(int(groups.size())))]->id());
+        }
+    }
+    void unlink()
+    {
+        TreeGeometryData* surface = m_model.mirror.geometry(TreeGeometryData::SURFACE).front();
+        const auto curves = m_model.mirror.find_geometry_children(surface);
+        if (!curves.empty()) {
+            m_model.kernel.unrelate(EntityKind::SURFACE, surface->id(), curves.front()->id());
+        }
+    }
+    void sort()
+    {
+        m_model.rows.sort(below(2), below(2) ? Qt::AscendingOrder : Qt::DescendingOrder);
+    }
+
+    LinkedModel& m_model;
+    std::mt19937 m_random;
+};
+
+} // namespace
+
+void tst_SelectionLink::rowsAgreeWithTheKernelUnderRandomUse()
+{
+    QFETCH(unsigned, seed);
+    LinkedModel model;
+    model.kernel.remove(EntityKind::MATERIAL, 1); // Of which the kernel tells nothing
+    RandomUse use(model, seed);
+
+    // The first shown row that is selected and should not be or the other way round.
+    const auto wrong_row = [&] {
+        const QStringList selected = model.selected_in_kernel().split(", ");
+        for (const QModelIndex& index : use.shown_rows()) {
+            TreeData* record = model.join.record(model.rows.item(index));
+            const auto entity = kernel_entity(record);
+            if (entity && model.link.isSelected(index) != selected.contains(entity->text())) {
+                return entity->text();
+            }
+        }
+        return QString();
+    };
+    for (int step = 0; step < 120; ++step) {
+        const QString name = use.run();
+        model.join.settle();
+        model.rows.settle();
+        QTRY_VERIFY2(wrong_row().isEmpty(), qPrintable(name + ": " + wrong_row()));
+    }
 }
 
 QTEST_MAIN(tst_SelectionLink)
