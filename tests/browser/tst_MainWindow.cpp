@@ -522,14 +522,14 @@ void tst_MainWindow::contextMenuOfARecordWorksOnIt()
 
 void tst_MainWindow::contextMenuOfACategoryMakesOneOfItsKind()
 {
-    const EntityItem* const blocks = tree().join().category(Category::Blocks);
+    EntityItem* const blocks = tree().join().category(Category::Blocks);
     choose(tree().rows().index(blocks), "block");
     QVERIFY(session->mirror().find_exodus(TreeExodusData::BLOCK, 1));
 }
 
 void tst_MainWindow::contextMenuOfACategoryHidesIt()
 {
-    const EntityItem* const blocks = tree().join().category(Category::Blocks);
+    EntityItem* const blocks = tree().join().category(Category::Blocks);
     choose(tree().rows().index(blocks), "&Hide Category");
     QVERIFY(!shown_tree(*view().model()).contains("Blocks"));
     QVERIFY(!window->findChild<CategoryMenu*>()->is_shown(Category::Blocks));
