@@ -79,6 +79,7 @@ private Q_SLOTS:
     void selectionBecomesAnEntity_data();
     void selectionBecomesAnEntity();
     void conditionOnSelectedSetHoldsIt();
+    void selectedConditionIsAppliedToSelectedSets();
     void refusedOperationIsToldAndChangesNothing();
 
     void branchesAreExpandedAndCollapsed();
@@ -458,6 +459,21 @@ void tst_MainWindow::conditionOnSelectedSetHoldsIt()
     const QString shown = shown_tree(*view().model());
     QVERIFY2(shown.contains("FEA boundary conditions (2)(Push(Outside) Pressure(Outside))"),
         qPrintable(shown));
+}
+
+void tst_MainWindow::selectedConditionIsAppliedToSelectedSets()
+{
+    session->kernel().create_set(EntityKind::NODESET, "Corners");
+    QAction* const apply = window->findChild<QAction*>("apply_condition");
+    click(session->mirror().find_exodus(TreeExodusData::NODESET, 1));
+    apply->trigger();
+    QCOMPARE(message(), "Select one boundary condition and the sets that it is to apply to.");
+
+    click(session->mirror().find_fea_bc(TreeFeaBCData::FORCE, 1), Qt::ControlModifier);
+    apply->trigger();
+    settle();
+    const QString shown = shown_tree(*view().model());
+    QVERIFY2(shown.contains("Push(Corners)"), qPrintable(shown));
 }
 
 void tst_MainWindow::refusedOperationIsToldAndChangesNothing()
