@@ -44,6 +44,18 @@ void EntityView::setModel(QAbstractItemModel* model)
     setSortingEnabled(true);
 }
 
+void EntityView::dataChanged(
+    const QModelIndex& top_left, const QModelIndex& bottom_right, const QList<int>& roles)
+{
+    const bool is_edited = state() == EditingState &&
+                           QItemSelectionRange(top_left, bottom_right).contains(currentIndex());
+    if (is_edited) {
+        QTreeView::dataChanged(top_left, bottom_right, roles);
+    } else {
+        viewport()->update();
+    }
+}
+
 void EntityView::set_hint(const QString& text)
 {
     m_hint = text;
