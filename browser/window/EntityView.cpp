@@ -92,6 +92,14 @@ void EntityView::set_expanded_below(const QModelIndex& index, bool expanded)
     }
 }
 
+QRegion EntityView::visualRegionForSelection(const QItemSelection& selection) const
+{
+    // A tree view searches all its rows for each range.
+    constexpr qsizetype few = 20;
+    return selection.size() > few ? QRegion(viewport()->rect())
+                                  : QTreeView::visualRegionForSelection(selection);
+}
+
 void EntityView::contextMenuEvent(QContextMenuEvent* event)
 {
     Q_EMIT menu_wanted(event->globalPos());

@@ -30,6 +30,7 @@ Q_SIGNALS:
     void menu_wanted(const QPoint& position);
 
 protected:
+    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
         const QModelIndex& index) const override;
