@@ -77,6 +77,7 @@ public:
     /// Deletes all children.
     void clear();
 
+    /// 0 without a list.
     int childCount() const;
 
     /// Null for a row out of range.

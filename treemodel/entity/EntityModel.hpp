@@ -25,6 +25,7 @@ class TREEMODEL_EXPORT EntityModel : public QAbstractItemModel
     Q_OBJECT
 
 public:
+    /// An empty model without icons.
     explicit EntityModel(QObject* parent = nullptr);
 
     /// Does what clear() does, signals included, and leaves the icon factory alone.
@@ -34,6 +35,7 @@ public:
     /// nothing. Icons are loaded once per path; this call forgets those loaded so far.
     void setIcons(EntityIconFactory* icons);
 
+    /// The item of a row, and the way back; parents stand in column 0.
     QModelIndex index(
         int row, int column, const QModelIndex& parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex& child) const override;
