@@ -24,6 +24,8 @@ class TREEMODEL_EXPORT EntityItem
 public:
     /// An item without a parent. Takes ownership of `list`.
     explicit EntityItem(EntityItemList* list = nullptr);
+
+    /// Copies the links alone, see above.
     EntityItem(const EntityItem&) = default;
     EntityItem& operator=(const EntityItem&) = default;
 

@@ -19,6 +19,8 @@ class TREEMODEL_EXPORT EntityItemData
 public:
     /// A visible thing without name, label and nodes.
     EntityItemData(int type, int id);
+
+    /// The copy has the same nodes, which go on showing the original.
     EntityItemData(const EntityItemData&) = default;
     EntityItemData& operator=(const EntityItemData&) = default;
 

@@ -17,8 +17,10 @@
 class TREEMODEL_EXPORT EntityItemList
 {
 public:
-    /// An empty list, or one that shares the children of another.
+    /// An empty list.
     EntityItemList() = default;
+
+    /// Shares the children, see above.
     EntityItemList(const EntityItemList&) = default;
     EntityItemList& operator=(const EntityItemList&) = default;
 

@@ -41,7 +41,7 @@ public:
     QModelIndex parent(const QModelIndex& child) const override;
     using QObject::parent;
 
-    /// Only indexes in column 0 have rows.
+    /// Only indexes in column 0 have rows. There are two columns everywhere.
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
 
@@ -51,6 +51,8 @@ public:
     /// Changes nothing and returns false. In column 0, emits nameEdited() if `value` is a text
     /// other than the item's name.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+    /// The translated names of the two columns.
     QVariant headerData(
         int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 

@@ -7,7 +7,7 @@
 class TREEMODEL_EXPORT KestoIdList
 {
 public:
-    /// Takes the ids in the order given.
+    /// An empty list, or the ids in the order given.
     KestoIdList() = default;
     KestoIdList(const std::vector<int>& ids);
     KestoIdList(std::vector<int>&& ids);
