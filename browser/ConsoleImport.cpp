@@ -1,5 +1,6 @@
 #include <browser/ConsoleImport.hpp>
 
+#include <browser/CommandLine.hpp>
 #include <importers/ImportJob.hpp>
 #include <QEventLoop>
 #include <QTextStream>
@@ -11,9 +12,11 @@ const QLatin1String clear_line("\r\x1b[K");
 } // namespace
 
 std::optional<ModelData> import_on_console(
-    const QString& file, QTextStream& messages, bool show_progress)
+    const CommandLine& command, QTextStream& messages, bool show_progress)
 {
     ImportJob job;
+    job.set_trusts_scripts(command.trusts_scripts);
+    job.set_makes_sets(command.makes_sets);
     QEventLoop loop;
     bool has_progress_line = false;
     const auto say = [&](const QString& sentence) {
@@ -42,7 +45,7 @@ std::optional<ModelData> import_on_console(
         loop.quit();
     });
 
-    job.start(file);
+    job.start(command.file);
     loop.exec();
 
     if (outcome != ImportJob::Succeeded) {

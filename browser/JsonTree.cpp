@@ -7,10 +7,8 @@
 
 namespace {
 
-using Path = std::vector<TreeData*>;
-
 // `path` leads from the root to the parent of the record.
-QJsonObject json_record(const MirrorTree& tree, TreeData* record, Path& path, int depth)
+QJsonObject json_record(const MirrorTree& tree, TreeData* record, MirrorTree::Path& path, int depth)
 {
     QJsonObject result{
         {"kind", tree.kind(record)},
@@ -24,9 +22,8 @@ QJsonObject json_record(const MirrorTree& tree, TreeData* record, Path& path, in
         return result;
     }
     QJsonArray children;
-    const Path records = tree.children(record, path.empty() ? nullptr : path.back());
     path.push_back(record);
-    for (TreeData* child : records) {
+    for (TreeData* child : tree.children(path)) {
         children.append(json_record(tree, child, path, depth));
     }
     path.pop_back();
@@ -45,8 +42,8 @@ QJsonObject json_tree(const MirrorTree& tree, const QString& file, int depth)
         counts.insert(QLatin1String(count.plural), count.count);
     }
     QJsonArray roots;
-    Path path;
-    for (TreeData* root : tree.roots()) {
+    MirrorTree::Path path;
+    for (TreeData* root : tree.children({})) {
         roots.append(json_record(tree, root, path, depth));
     }
     return {{"file", file}, {"counts", counts}, {"tree", roots}};

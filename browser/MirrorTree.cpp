@@ -2,37 +2,36 @@
 
 #include <algorithm>
 #include <array>
+#include <browser/items/MirrorRecords.hpp>
 #include <treemodel/kernel/TreeModel.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 
-using GeometryType = TreeGeometryData::GeometryType;
-
 namespace {
 
-struct GeometryKind
+// What is counted in one: the records of consecutive kinds.
+struct CountedKinds
 {
-    GeometryType type;
+    ItemKind first;
+    ItemKind last;
     const char* plural;
 };
 
-constexpr std::array<GeometryKind, 5> from_body_to_vertex{{
-    {TreeGeometryData::BODY, "bodies"},
-    {TreeGeometryData::VOLUME, "volumes"},
-    {TreeGeometryData::SURFACE, "surfaces"},
-    {TreeGeometryData::CURVE, "curves"},
-    {TreeGeometryData::VERTEX, "vertices"},
-}};
-
-struct ExodusKind
-{
-    TreeExodusData::ExodusType type;
-    const char* plural;
-};
-
-constexpr std::array<ExodusKind, 3> exodus_kinds{{
-    {TreeExodusData::BLOCK, "blocks"},
-    {TreeExodusData::SIDESET, "sidesets"},
-    {TreeExodusData::NODESET, "nodesets"},
+constexpr std::array<CountedKinds, 15> counted_kinds{{
+    {ItemKind::Body, ItemKind::Body, "bodies"},
+    {ItemKind::Volume, ItemKind::Volume, "volumes"},
+    {ItemKind::Surface, ItemKind::Surface, "surfaces"},
+    {ItemKind::Curve, ItemKind::Curve, "curves"},
+    {ItemKind::Vertex, ItemKind::Vertex, "vertices"},
+    {ItemKind::Group, ItemKind::Group, "groups"},
+    {ItemKind::SizingSource, ItemKind::SizingSource, "sizing sources"},
+    {ItemKind::BoundaryLayer, ItemKind::BoundaryLayer, "boundary layers"},
+    {ItemKind::Block, ItemKind::Block, "blocks"},
+    {ItemKind::Sideset, ItemKind::Sideset, "sidesets"},
+    {ItemKind::Nodeset, ItemKind::Nodeset, "nodesets"},
+    {ItemKind::Force, ItemKind::ContactPair, "FEA boundary conditions"},
+    {ItemKind::Axis, ItemKind::Wall, "CFD boundary conditions"},
+    {ItemKind::Material, ItemKind::Material, "materials"},
+    {ItemKind::Medium, ItemKind::Medium, "media"},
 }};
 
 template <typename Record>
@@ -41,22 +40,12 @@ void append(std::vector<TreeData*>& list, const std::vector<Record*>& records)
     list.insert(list.end(), records.begin(), records.end());
 }
 
-std::vector<TreeFeaBCData*> all_fea_bcs(TreeModel& mirror)
+std::vector<TreeData*> records_between(TreeModel& mirror, ItemKind first, ItemKind last)
 {
-    std::vector<TreeFeaBCData*> result;
-    for (int type = TreeFeaBCData::FORCE; type <= TreeFeaBCData::CONTACT_PAIR; ++type) {
-        const auto bcs = mirror.fea_bcs(TreeFeaBCData::FEAType(type));
-        result.insert(result.end(), bcs.begin(), bcs.end());
-    }
-    return result;
-}
-
-std::vector<TreeCfdBCData*> all_cfd_bcs(TreeModel& mirror)
-{
-    std::vector<TreeCfdBCData*> result;
-    for (int type = TreeCfdBCData::AXIS; type <= TreeCfdBCData::WALL; ++type) {
-        const auto bcs = mirror.cfd_bcs(TreeCfdBCData::CFDType(type));
-        result.insert(result.end(), bcs.begin(), bcs.end());
+    const MirrorRecords records(mirror);
+    std::vector<TreeData*> result;
+    for (int kind = int(first); kind <= int(last); ++kind) {
+        append(result, records.all(ItemKind(kind)));
     }
     return result;
 }
@@ -83,6 +72,50 @@ MirrorTree::MirrorTree(TreeModel& mirror)
 {
 }
 
+void MirrorTree::set_filter(const QString& text)
+{
+    m_filter = text;
+    m_hits_below.clear();
+}
+
+void MirrorTree::set_selected(const std::vector<TreeData*>& records)
+{
+    m_selected = {records.begin(), records.end()};
+}
+
+std::vector<TreeData*> MirrorTree::children(const Path& path) const
+{
+    TreeData* const record = path.empty() ? nullptr : path.back();
+    TreeData* const parent = path.size() < 2 ? nullptr : path[path.size() - 2];
+    std::vector<TreeData*> result = record ? children_of(record, parent) : roots();
+    const bool shows_all =
+        m_filter.isEmpty() ||
+        std::any_of(path.begin(), path.end(), [this](TreeData* above) { return is_hit(above); });
+    if (!shows_all) {
+        std::erase_if(result,
+            [&](TreeData* child) { return !is_hit(child) && !has_hit_below(child, record); });
+    }
+    return result;
+}
+
+bool MirrorTree::is_hit(TreeData* record) const
+{
+    return record->name().contains(m_filter, Qt::CaseInsensitive);
+}
+
+bool MirrorTree::has_hit_below(TreeData* record, TreeData* parent) const
+{
+    const bool is_member = qobject_cast<TreeGroupData*>(parent);
+    // A group that holds itself finds its own entry.
+    const auto [entry, is_new] = m_hits_below.insert({{record, is_member}, false});
+    if (is_new) {
+        const std::vector<TreeData*> records = children_of(record, parent);
+        entry->second = std::any_of(records.begin(), records.end(),
+            [&](TreeData* child) { return is_hit(child) || has_hit_below(child, record); });
+    }
+    return entry->second;
+}
+
 std::vector<TreeData*> MirrorTree::roots() const
 {
     std::vector<TreeData*> result;
@@ -93,12 +126,12 @@ std::vector<TreeData*> MirrorTree::roots() const
             result.push_back(group);
         }
     }
-    append(result, mesh_controls());
-    append(result, simulation());
+    append(result, records_between(m_mirror, ItemKind::SizingSource, ItemKind::BoundaryLayer));
+    append(result, records_between(m_mirror, ItemKind::Block, ItemKind::Medium));
     return result;
 }
 
-std::vector<TreeData*> MirrorTree::children(TreeData* record, TreeData* parent) const
+std::vector<TreeData*> MirrorTree::children_of(TreeData* record, TreeData* parent) const
 {
     std::vector<TreeData*> result;
     if (auto* geometry = qobject_cast<TreeGeometryData*>(record)) {
@@ -121,31 +154,9 @@ std::vector<TreeData*> MirrorTree::children(TreeData* record, TreeData* parent) 
 
 QString MirrorTree::kind(TreeData* record) const
 {
-    if (auto* geometry = qobject_cast<TreeGeometryData*>(record)) {
-        return QString::fromStdString(TreeGeometryData::type_to_string(geometry->geometry_type()));
-    }
-    if (auto* exodus = qobject_cast<TreeExodusData*>(record)) {
-        return QString::fromStdString(TreeExodusData::type_to_string(exodus->exodus_type()));
-    }
-    if (auto* fea_bc = qobject_cast<TreeFeaBCData*>(record)) {
-        return QString::fromStdString(TreeFeaBCData::type_to_string(fea_bc->fea_bc_type()));
-    }
-    if (auto* cfd_bc = qobject_cast<TreeCfdBCData*>(record)) {
-        return QString::fromStdString(TreeCfdBCData::type_to_string(cfd_bc->cfd_bc_type()));
-    }
-    if (auto* material = qobject_cast<TreeMaterialData*>(record)) {
-        return material->is_cfd() ? "media" : "material";
-    }
-    if (qobject_cast<TreeGroupData*>(record)) {
-        return "group";
-    }
-    if (qobject_cast<TreeSizingSourceData*>(record)) {
-        return "sizing source";
-    }
-    if (qobject_cast<TreeBoundaryLayerData*>(record)) {
-        return "boundary layer";
-    }
-    return "elements";
+    return qobject_cast<TreeMeshData*>(record)
+               ? QStringLiteral("elements")
+               : QString::fromStdString(item_kind_info(item_kind(record)).word);
 }
 
 QStringList MirrorTree::flags(TreeData* record) const
@@ -161,30 +172,21 @@ QStringList MirrorTree::flags(TreeData* record) const
     if (!record->is_visible()) {
         result << "hidden";
     }
+    if (m_selected.contains(record)) {
+        result << "selected";
+    }
     return result;
 }
 
 std::vector<MirrorTree::Count> MirrorTree::counts() const
 {
     std::vector<Count> result;
-    for (const GeometryKind& kind : from_body_to_vertex) {
-        result.push_back({kind.plural, int(m_mirror.geometry(kind.type).size())});
-    }
-    const auto add_if_any = [&result](const char* plural, std::size_t count) {
-        if (count > 0) {
-            result.push_back({plural, int(count)});
+    for (const CountedKinds& kinds : counted_kinds) {
+        const std::size_t count = records_between(m_mirror, kinds.first, kinds.last).size();
+        if (count > 0 || kinds.first <= ItemKind::Vertex) {
+            result.push_back({kinds.plural, int(count)});
         }
-    };
-    add_if_any("groups", m_mirror.groups().size());
-    add_if_any("sizing sources", m_mirror.sizing_sources().size());
-    add_if_any("boundary layers", m_mirror.boundary_layers().size());
-    for (const ExodusKind& kind : exodus_kinds) {
-        add_if_any(kind.plural, m_mirror.exodus_entities(kind.type).size());
     }
-    add_if_any("FEA boundary conditions", all_fea_bcs(m_mirror).size());
-    add_if_any("CFD boundary conditions", all_cfd_bcs(m_mirror).size());
-    add_if_any("materials", m_mirror.materials(false).size());
-    add_if_any("media", m_mirror.materials(true).size());
     return result;
 }
 
@@ -199,36 +201,10 @@ QString MirrorTree::counts_line() const
 
 std::vector<TreeData*> MirrorTree::free_geometry() const
 {
-    std::vector<TreeData*> result;
-    for (const GeometryKind& kind : from_body_to_vertex) {
-        for (TreeGeometryData* record : m_mirror.geometry(kind.type)) {
-            if (kind.type != TreeGeometryData::BODY &&
-                m_mirror.find_geometry_parents(record).empty()) {
-                result.push_back(record);
-            }
-        }
-    }
-    return result;
-}
-
-std::vector<TreeData*> MirrorTree::mesh_controls() const
-{
-    std::vector<TreeData*> result;
-    append(result, m_mirror.sizing_sources());
-    append(result, m_mirror.boundary_layers());
-    return result;
-}
-
-std::vector<TreeData*> MirrorTree::simulation() const
-{
-    std::vector<TreeData*> result;
-    for (const ExodusKind& kind : exodus_kinds) {
-        append(result, m_mirror.exodus_entities(kind.type));
-    }
-    append(result, all_fea_bcs(m_mirror));
-    append(result, all_cfd_bcs(m_mirror));
-    append(result, m_mirror.materials(false));
-    append(result, m_mirror.materials(true));
+    std::vector<TreeData*> result = records_between(m_mirror, ItemKind::Volume, ItemKind::Vertex);
+    std::erase_if(result, [this](TreeData* record) {
+        return !m_mirror.find_geometry_parents(static_cast<TreeGeometryData*>(record)).empty();
+    });
     return result;
 }
 

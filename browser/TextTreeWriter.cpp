@@ -29,7 +29,7 @@ TextTreeWriter::TextTreeWriter(const MirrorTree& tree, QTextStream& output, int 
 
 void TextTreeWriter::write()
 {
-    for (TreeData* root : m_tree.roots()) {
+    for (TreeData* root : m_tree.children({})) {
         write_record(root, {});
     }
 }
@@ -49,21 +49,19 @@ void TextTreeWriter::write_record(TreeData* record, const QString& indent)
 
 void TextTreeWriter::write_children(TreeData* record, const QString& indent)
 {
-    const std::vector<TreeData*> children =
-        m_tree.children(record, m_path.empty() ? nullptr : m_path.back());
-    const bool is_last_level = int(m_path.size()) + 1 >= m_depth;
+    m_path.push_back(record);
+    const std::vector<TreeData*> children = m_tree.children(m_path);
+    const bool is_last_level = int(m_path.size()) >= m_depth;
     if (is_last_level && !children.empty()) {
         m_output << "  … " << children.size() << " below";
     }
     m_output << '\n';
-    if (is_last_level) {
-        return;
-    }
-    m_path.push_back(record);
-    for (TreeData* child : children) {
-        const bool is_last = child == children.back();
-        m_output << indent << (is_last ? "└─ " : "├─ ");
-        write_record(child, indent + QString::fromUtf8(is_last ? "   " : "│  "));
+    if (!is_last_level) {
+        for (TreeData* child : children) {
+            const bool is_last = child == children.back();
+            m_output << indent << (is_last ? "└─ " : "├─ ");
+            write_record(child, indent + QString::fromUtf8(is_last ? "   " : "│  "));
+        }
     }
     m_path.pop_back();
 }

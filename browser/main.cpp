@@ -1,65 +1,22 @@
-// treebrowser: opens a CAD file in the embedded kernel and shows the mirror of it.
+// treebrowser: opens a CAD model or a mesh in the embedded kernel and shows the mirror of
+// it, in a window or as text.
 //
 // It joins the pieces as a front end does: a kernel, a TreeModel that is
 // connected to it, and a reader of the TreeModel.
 
 #include <browser/CommandLine.hpp>
-#include <browser/ConsoleImport.hpp>
-#include <browser/JsonTree.hpp>
-#include <browser/MirrorTree.hpp>
-#include <browser/TextTreeWriter.hpp>
-#include <embedded/EmbeddedKernel.hpp>
+#include <browser/FilePrinting.hpp>
+#include <browser/window/WindowRun.hpp>
 #include <QCoreApplication>
-#include <QJsonDocument>
 #include <QTextStream>
-#include <treemodel/kernel/TreeModel.hpp>
-#include <unistd.h>
-#include <utility>
 
 namespace {
 
-enum ExitCode : int {
-    Success = 0,
-    ImportFailed = 1,
-    Misuse = 2,
-};
-
-int print_file(const CommandLine& command, QTextStream& output, QTextStream& messages)
+// What needs no window. Nothing if the command asks for one.
+std::optional<ExitCode> run_on_console(const CommandLine& command)
 {
-    std::optional<ModelData> model =
-        import_on_console(command.file, messages, isatty(STDERR_FILENO));
-    if (!model) {
-        return ImportFailed;
-    }
-
-    EmbeddedKernel kernel;
-    TreeModel mirror;
-    mirror.connect_to_kesto();
-    kernel.open_model(*std::move(model), command.file.toStdString());
-
-    const MirrorTree tree(mirror);
-    const int depth = command.depth.value_or(TextTreeWriter::AllLevels);
-    if (command.json) {
-        output << QJsonDocument(json_tree(tree, command.file, depth)).toJson();
-    } else {
-        TextTreeWriter(tree, output, depth).write();
-        output << tree.counts_line() << '\n';
-    }
-    mirror.disconnect_from_kesto();
-    return Success;
-}
-
-} // namespace
-
-int main(int argc, char** argv)
-{
-    const QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName("treebrowser");
-    QCoreApplication::setApplicationVersion(TREEMODEL_VERSION);
     QTextStream output(stdout);
     QTextStream messages(stderr);
-
-    const CommandLine command = CommandLine::parse(QCoreApplication::arguments());
     switch (command.action) {
     case CommandLine::ShowHelp:
         output << command.text;
@@ -71,7 +28,28 @@ int main(int argc, char** argv)
         messages << "treebrowser: " << command.text << '\n';
         return Misuse;
     case CommandLine::Print:
+        return print_file(command, output, messages);
+    case CommandLine::OpenWindow:
+    case CommandLine::TakeScreenshot:
         break;
     }
-    return print_file(command, output, messages);
+    return std::nullopt;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication::setApplicationName("treebrowser");
+    QCoreApplication::setOrganizationName("treemodel");
+    QCoreApplication::setApplicationVersion(TREEMODEL_VERSION);
+    CommandLine command;
+    {
+        const QCoreApplication application(argc, argv);
+        command = CommandLine::parse(QCoreApplication::arguments());
+        if (const std::optional<ExitCode> code = run_on_console(command)) {
+            return *code;
+        }
+    }
+    return run_window(command, argc, argv);
 }

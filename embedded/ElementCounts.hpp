@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 
 /// How many nodes and elements of the mesh, by kind, a group holds.
 struct ElementCounts
@@ -24,4 +25,20 @@ struct ElementCounts
 
     /// Equal if all of them are.
     bool operator==(const ElementCounts&) const = default;
+
+    /// Adds kind by kind.
+    ElementCounts& operator+=(const ElementCounts& other);
 };
+
+/// The nodes and the elements of each kind.
+inline constexpr std::array element_count_fields{&ElementCounts::nodes, &ElementCounts::edges,
+    &ElementCounts::hexes, &ElementCounts::quads, &ElementCounts::tets, &ElementCounts::tris,
+    &ElementCounts::wedges, &ElementCounts::pyramids, &ElementCounts::spheres};
+
+inline ElementCounts& ElementCounts::operator+=(const ElementCounts& other)
+{
+    for (const auto field : element_count_fields) {
+        this->*field += other.*field;
+    }
+    return *this;
+}

@@ -107,6 +107,9 @@ void EmbeddedKernel::import_model(const ModelData& model)
     require_ids_left(state, EntityKind::CURVE, model.curves.size());
     require_ids_left(state, EntityKind::VERTEX, model.vertices.size());
     require_ids_left(state, EntityKind::GROUP, model.groups.size());
+    for (const auto& [kind, list] : setup_lists) {
+        require_ids_left(state, kind, (model.*list).size());
+    }
 
     const auto before = state.append(model);
 
@@ -115,6 +118,13 @@ void EmbeddedKernel::import_model(const ModelData& model)
     std::vector<int> groups(model.groups.size());
     std::iota(groups.begin(), groups.end(), before.back() + 1);
     groups = state.groups.innermost_first(groups);
+    std::vector<Notice> setup;
+    for (const auto& [kind, list] : setup_lists) {
+        const int highest = state.highest_id(kind);
+        for (int id = highest - static_cast<int>((model.*list).size()); id < highest;) {
+            setup.push_back({Notice::CREATED, kind, ++id});
+        }
+    }
 
     for (const EntityKind kind : Topology::kinds_downwards) {
         const auto index = static_cast<std::size_t>(kind);
@@ -124,6 +134,9 @@ void EmbeddedKernel::import_model(const ModelData& model)
     }
     for (const int group : groups) {
         announcer.tell({Notice::CREATED, EntityKind::GROUP, group});
+    }
+    for (const Notice& notice : setup) {
+        announcer.tell(notice);
     }
 }
 

@@ -63,7 +63,8 @@ public:
     /// Adds the model: its entity `i` gets the id that is `i` above the highest one of its kind.
     /// Tells each entity from the bodies down by notify_body_added, notify_volume_created,
     /// notify_surface_added, notify_curve_added, notify_vertex_added, then each group by
-    /// notify_group_created, a group in another one before that one.
+    /// notify_group_created, a group in another one before that one; then each mesh control and
+    /// set as upon its creation.
     void import_model(const ModelData& model);
 
     /// Leaves an empty kernel. Tells notify_model_reset.

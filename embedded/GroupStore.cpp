@@ -14,6 +14,7 @@ void GroupStore::append(const ModelData& model, const std::array<int, 6>& offset
     const auto rows = m_rows.insert_range(offsets.back() + 1, model.groups.size());
     for (std::size_t i = 0; i < model.groups.size(); ++i) {
         rows[i].name = model.groups[i].name;
+        rows[i].elements = model.groups[i].elements;
         for (std::size_t kind = 0; kind < member_lists.size(); ++kind) {
             std::vector<int> members = model.groups[i].*member_lists[kind];
             for (int& member : members) {

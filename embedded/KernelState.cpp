@@ -63,6 +63,7 @@ std::array<int, 6> KernelState::append(const ModelData& model)
     }
     geometry.append(model, offsets);
     groups.append(model, offsets);
+    setup.append(model);
     return offsets;
 }
 

@@ -31,7 +31,8 @@ struct KernelState
     std::vector<int> ids(EntityKind kind) const;
 
     /// Adds a model that has passed check_model(). Its entity `i` gets the id that is `i` above the
-    /// highest one of its kind. Gives back those highest ids, indexed by EntityKind.
+    /// highest one of its kind. Gives back those highest ids of geometry and groups, indexed by
+    /// EntityKind.
     std::array<int, 6> append(const ModelData& model);
 
     void renumber(EntityKind kind, int id, int new_id);

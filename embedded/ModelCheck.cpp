@@ -121,4 +121,12 @@ void check_model(const ModelData& model)
     check_lists(vertices, EntityKind::GROUP, model.groups, &Group::vertices);
 
     check_nesting(model.groups);
+
+    const auto below_zero = std::find_if(model.groups.begin(), model.groups.end(),
+        [](const Group& group) { return group.elements.has_negative(); });
+    if (below_zero != model.groups.end()) {
+        throw std::invalid_argument("The model's group " +
+                                    std::to_string(below_zero - model.groups.begin() + 1) +
+                                    " holds less than no elements.");
+    }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <embedded/ElementCounts.hpp>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,7 @@ struct ModelData
         std::vector<int> surfaces;
         std::vector<int> curves;
         std::vector<int> vertices;
+        ElementCounts elements{};
     };
 
     /// The entities of each kind.
@@ -50,4 +52,11 @@ struct ModelData
     std::vector<Entity> curves;
     std::vector<Entity> vertices;
     std::vector<Group> groups;
+
+    /// The names of mesh controls and sets.
+    std::vector<std::string> sizing_sources;
+    std::vector<std::string> boundary_layers;
+    std::vector<std::string> blocks;
+    std::vector<std::string> sidesets;
+    std::vector<std::string> nodesets;
 };

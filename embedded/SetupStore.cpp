@@ -3,6 +3,17 @@
 #include <algorithm>
 #include <utility>
 
+void SetupStore::append(const ModelData& model)
+{
+    for (const auto& [kind, list] : setup_lists) {
+        const auto& names = model.*list;
+        const auto added = rows(kind).insert_range(rows(kind).highest() + 1, names.size());
+        for (std::size_t i = 0; i < names.size(); ++i) {
+            added[i].name = names[i];
+        }
+    }
+}
+
 void SetupStore::change_kind(EntityKind kind, int id, EntityKind new_kind)
 {
     SetupRow moved = std::move(row(kind, id));

@@ -1,6 +1,7 @@
 #include <importers/FileContent.hpp>
 
 #include <algorithm>
+#include <array>
 #include <fstream>
 #include <string>
 #include <string_view>
@@ -48,6 +49,12 @@ bool ends_with_iges_line(std::string_view text, char section)
            is_iges_line(text.substr(end - iges_line_size, iges_line_size), section);
 }
 
+std::string_view last_line_of(std::string_view text)
+{
+    text = text.substr(0, text.find_last_not_of(blanks) + 1);
+    return text.substr(text.find_last_of('\n') + 1);
+}
+
 // A star closes each shape; the next one begins with letters, but after the last one
 // there is the reference to the outermost shape.
 bool ends_with_brep_root(std::string_view text)
@@ -59,17 +66,62 @@ bool ends_with_brep_root(std::string_view text)
            rest.find_first_not_of(" \t\r\n+-0123456789") == std::string_view::npos;
 }
 
+struct Beginning
+{
+    std::string_view text;
+    FileContent format;
+};
+
+constexpr std::array beginnings{
+    Beginning{"ISO-10303-21;", FileContent::Step},
+    Beginning{"DBRep_DrawableShape", FileContent::Brep},
+    Beginning{"CASCADE Topology V", FileContent::Brep},
+    Beginning{"$MeshFormat", FileContent::Msh},
+    Beginning{"MeshVersionFormatted", FileContent::Medit},
+    Beginning{"# vtk DataFile Version", FileContent::Vtk},
+    Beginning{"BEGIN BULK", FileContent::Nastran},
+    Beginning{"GRID", FileContent::Nastran},
+};
+
+// The first line that is no comment, with what follows.
+std::string_view without_comments(std::string_view text, char mark)
+{
+    while (text.starts_with(mark)) {
+        text.remove_prefix(std::min(text.find('\n'), text.size()));
+        text = trimmed_front(text);
+    }
+    return text;
+}
+
+FileContent beginning_of(std::string_view text)
+{
+    const auto found = std::find_if(beginnings.begin(), beginnings.end(),
+        [text](const Beginning& candidate) { return text.starts_with(candidate.text); });
+    return found == beginnings.end() ? FileContent::Foreign : found->format;
+}
+
 FileContent format_of(std::string_view head)
 {
+    if (is_iges_line(head.substr(0, iges_line_size), 'S')) {
+        return FileContent::Iges;
+    }
     const auto text = trimmed_front(head);
-    if (text.starts_with("ISO-10303-21;")) {
-        return FileContent::Step;
+    for (const auto candidate : {text, without_comments(text, '#'), without_comments(text, '$')}) {
+        if (const auto format = beginning_of(candidate); format != FileContent::Foreign) {
+            return format;
+        }
     }
-    if (text.starts_with("DBRep_DrawableShape") || text.starts_with("CASCADE Topology V")) {
-        return FileContent::Brep;
-    }
-    return is_iges_line(head.substr(0, iges_line_size), 'S') ? FileContent::Iges
-                                                             : FileContent::Foreign;
+    return FileContent::Foreign;
+}
+
+bool is_text(std::string_view head)
+{
+    return head.find('\0') == std::string_view::npos;
+}
+
+bool has_name_of_script(const std::filesystem::path& file)
+{
+    return file.extension() == ".geo" || file.extension() == ".geo_unrolled";
 }
 
 std::string read_at(std::ifstream& stream, std::streamoff offset, std::size_t size)
@@ -113,7 +165,13 @@ FileContent look_at_file(const std::filesystem::path& file)
         return FileContent::Unreadable;
     }
     const auto head = read_at(stream, 0, head_size);
-    return head.empty() ? FileContent::Empty : format_of(head);
+    if (head.empty()) {
+        return FileContent::Empty;
+    }
+    const auto format = format_of(head);
+    return format == FileContent::Foreign && is_text(head) && has_name_of_script(file)
+               ? FileContent::GmshScript
+               : format;
 }
 
 bool has_end_mark(const std::filesystem::path& file, FileContent format)
@@ -126,6 +184,8 @@ bool has_end_mark(const std::filesystem::path& file, FileContent format)
         return ends_with_iges_line(tail, 'T');
     case FileContent::Brep:
         return ends_with_brep_root(tail);
+    case FileContent::Msh:
+        return last_line_of(tail).starts_with("$End");
     default:
         return true;
     }

@@ -12,15 +12,17 @@ constexpr std::size_t kind_position = 5;
 constexpr std::size_t size_position = 8;
 
 // Indexed by FrameKind.
-constexpr std::array<std::size_t, 5> payload_limits{
+constexpr std::array<std::size_t, 7> payload_limits{
     0,
     3,
     std::size_t{1} << 16,
     std::size_t{1} << 16,
     std::size_t{1} << 30,
+    std::size_t{1} << 30,
+    std::size_t{1} << 30,
 };
 
-constexpr int stage_count = static_cast<int>(ImportStage::Pack) + 1;
+constexpr int stage_count = static_cast<int>(ImportStage::RaiseOrder) + 1;
 constexpr std::size_t progress_size = 3;
 constexpr unsigned progress_steps = 10000;
 constexpr unsigned no_measure = 0xffff;

@@ -7,13 +7,17 @@
 #include <string>
 #include <string_view>
 
-/// The stages of an import in their order.
+/// The stages of an import in their order, and those of a meshing after its Walk.
 enum class ImportStage : std::uint8_t {
     Read,
     Check,
     Transfer,
     Walk,
     Pack,
+    MeshCurves,
+    MeshSurfaces,
+    MeshVolumes,
+    RaiseOrder,
 };
 
 /// How far the helper program is: `fraction` of the stage from 0 to 1, or below 0
@@ -24,17 +28,19 @@ struct ImportProgress
     double fraction = -1;
 };
 
-/// What a helper program sends: any number of progress reports and warnings, then
-/// one failure or one model.
+/// What a helper program sends: any number of progress reports, warnings and unfinished
+/// meshes, then one failure, one model or one mesh.
 enum class FrameKind : std::uint8_t {
     Progress = 1,
     Warning,
     Failure,
     Model,
+    UnfinishedMesh,
+    Mesh,
 };
 
 /// One message of a helper program. Warnings and failures carry UTF-8 text, the
-/// other kinds what pack_progress() and pack_model() made.
+/// other kinds what pack_progress(), pack_model() and pack_mesh() made.
 struct Frame
 {
     FrameKind kind = FrameKind::Progress;

@@ -1,12 +1,21 @@
 #include <importers/ModelPack.hpp>
 
+#include <array>
 #include <cstdint>
+#include <limits>
 
-// Layout: the sizes of the six lists, bodies first and groups last, then their items
-// field by field. All numbers are unsigned, seven bits to a byte, low bits first,
-// the top bit set on all bytes but the last.
+// Layout of a model: the sizes of the six lists, bodies first and groups last, then their
+// items field by field; then the names of each kind of mesh control and set behind their
+// number. Of a mesh: the counts of each kind, volumes first, behind their number. All numbers
+// are unsigned, seven bits to a byte, low bits first, the top bit set on all bytes but the last.
 
 namespace {
+
+constexpr std::array setup_lists{&ModelData::sizing_sources, &ModelData::boundary_layers,
+    &ModelData::blocks, &ModelData::sidesets, &ModelData::nodesets};
+
+constexpr std::array mesh_lists{
+    &MeshCounts::volumes, &MeshCounts::surfaces, &MeshCounts::curves, &MeshCounts::vertices};
 
 class Packer
 {
@@ -40,6 +49,21 @@ public:
     {
         number(value.size());
         m_bytes += value;
+    }
+
+    // Most entities have no elements of most kinds: a set of bits tells of which they have.
+    void counts(const ElementCounts& values)
+    {
+        std::size_t present = 0;
+        for (std::size_t i = 0; i < element_count_fields.size(); ++i) {
+            present |= std::size_t{values.*element_count_fields[i] > 0} << i;
+        }
+        number(present);
+        for (const auto field : element_count_fields) {
+            if (values.*field > 0) {
+                number(static_cast<unsigned>(values.*field));
+            }
+        }
     }
 
     void ids(const std::vector<int>& values, std::size_t)
@@ -108,6 +132,17 @@ public:
         }
     }
 
+    void counts(ElementCounts& values)
+    {
+        const auto present = number((std::size_t{1} << element_count_fields.size()) - 1);
+        for (std::size_t i = 0; i < element_count_fields.size(); ++i) {
+            if (present >> i & 1) {
+                values.*element_count_fields[i] =
+                    static_cast<int>(number(std::numeric_limits<int>::max()));
+            }
+        }
+    }
+
     void ids(std::vector<int>& values, std::size_t largest)
     {
         items(values, size(values), [&](int& id) {
@@ -132,7 +167,7 @@ private:
 
 // Walks over a model in the order of the layout, for both directions.
 template <typename Archive, typename Model>
-void exchange(Archive& archive, Model& model)
+void exchange_model(Archive& archive, Model& model)
 {
     const auto bodies = archive.size(model.bodies);
     const auto volumes = archive.size(model.volumes);
@@ -165,7 +200,22 @@ void exchange(Archive& archive, Model& model)
         archive.ids(group.surfaces, surfaces);
         archive.ids(group.curves, curves);
         archive.ids(group.vertices, vertices);
+        archive.counts(group.elements);
     });
+    for (const auto list : setup_lists) {
+        auto& names = model.*list;
+        archive.items(names, archive.size(names), [&](auto& name) { archive.text(name); });
+    }
+}
+
+template <typename Archive, typename Mesh>
+void exchange_mesh(Archive& archive, Mesh& mesh)
+{
+    for (const auto list : mesh_lists) {
+        auto& entities = mesh.*list;
+        archive.items(
+            entities, archive.size(entities), [&](auto& counts) { archive.counts(counts); });
+    }
 }
 
 } // namespace
@@ -173,7 +223,7 @@ void exchange(Archive& archive, Model& model)
 std::string pack_model(const ModelData& model)
 {
     Packer packer;
-    exchange(packer, model);
+    exchange_model(packer, model);
     return packer.take();
 }
 
@@ -181,9 +231,27 @@ std::optional<ModelData> unpack_model(std::string_view bytes)
 {
     Unpacker unpacker(bytes);
     std::optional<ModelData> model(std::in_place);
-    exchange(unpacker, *model);
+    exchange_model(unpacker, *model);
     if (!unpacker.has_taken_all()) {
         model.reset();
     }
     return model;
+}
+
+std::string pack_mesh(const MeshCounts& mesh)
+{
+    Packer packer;
+    exchange_mesh(packer, mesh);
+    return packer.take();
+}
+
+std::optional<MeshCounts> unpack_mesh(std::string_view bytes)
+{
+    Unpacker unpacker(bytes);
+    std::optional<MeshCounts> mesh(std::in_place);
+    exchange_mesh(unpacker, *mesh);
+    if (!unpacker.has_taken_all()) {
+        mesh.reset();
+    }
+    return mesh;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <embedded/ModelData.hpp>
+#include <importers/MeshCounts.hpp>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,3 +13,7 @@ std::string pack_model(const ModelData& model);
 /// of a sound model: cut off, too long, or with an id that stands for nothing.
 /// Never takes more memory than in proportion to the bytes.
 std::optional<ModelData> unpack_model(std::string_view bytes);
+
+/// The same for a mesh.
+std::string pack_mesh(const MeshCounts& mesh);
+std::optional<MeshCounts> unpack_mesh(std::string_view bytes);

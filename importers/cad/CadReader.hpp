@@ -1,7 +1,7 @@
 #pragma once
 
 #include <filesystem>
-#include <importers/cad/FrameChannel.hpp>
+#include <importers/helper/FrameChannel.hpp>
 #include <importers/cad/PartTree.hpp>
 
 /// Reads a STEP, IGES or BREP file with OpenCASCADE, going by its content, and reports

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <chrono>
-#include <importers/cad/FrameChannel.hpp>
+#include <importers/helper/FrameChannel.hpp>
 #include <Message_ProgressIndicator.hxx>
 
 /// Sends OpenCASCADE's progress as frames of one stage, a few in a second.

@@ -16,6 +16,9 @@
 class ModelBuilder
 {
 public:
+    /// The shape of entity `i` at index `i`, which begins at 1.
+    using Shapes = TopTools_IndexedMapOfShape;
+
     using Warn = std::function<void(const std::string& sentence)>;
 
     /// `names` is not owned and outlives the builder.
@@ -27,6 +30,12 @@ public:
     bool is_empty() const;
 
     const ModelData& model() const { return m_model; }
+
+    /// Solids, and the shells of sheets.
+    const Shapes& volumes() const { return m_volumes; }
+    const Shapes& surfaces() const { return m_entities[0]; }
+    const Shapes& curves() const { return m_entities[1]; }
+    const Shapes& vertices() const { return m_entities[2]; }
 
 private:
     // Of the kinds beneath a volume, from the faces down.
@@ -46,6 +55,6 @@ private:
     const ShapeNames& m_names;
     Warn m_warn;
     ModelData m_model;
-    TopTools_IndexedMapOfShape m_volumes;
-    std::array<TopTools_IndexedMapOfShape, 3> m_entities;
+    Shapes m_volumes;
+    std::array<Shapes, 3> m_entities;
 };

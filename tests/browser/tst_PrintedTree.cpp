@@ -1,4 +1,3 @@
-#include <browser/CommandLine.hpp>
 #include <browser/JsonTree.hpp>
 #include <browser/MirrorTree.hpp>
 #include <browser/TextTreeWriter.hpp>
@@ -26,11 +25,9 @@ private Q_SLOTS:
     void controlCharactersDoNotReachTheTerminal();
     void jsonHoldsTheSameTree();
     void jsonStopsAtTheDepth();
-
-    void commandLineIsRead_data();
-    void commandLineIsRead();
-    void misuseIsOneSentence_data();
-    void misuseIsOneSentence();
+    void filterKeepsHitsAndWhatIsAboveAndBelow();
+    void filterLooksIntoGroups();
+    void selectedRecordsAreTold();
 
 private:
     QString text(int depth = TextTreeWriter::AllLevels) const;
@@ -174,49 +171,57 @@ void tst_PrintedTree::jsonStopsAtTheDepth()
     QVERIFY(!json["tree"][0].toObject().contains("children"));
 }
 
-void tst_PrintedTree::commandLineIsRead_data()
+void tst_PrintedTree::filterKeepsHitsAndWhatIsAboveAndBelow()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("summary");
-    QTest::newRow("text") << QStringList{"--print", "a.step"} << "0 a.step text all";
-    QTest::newRow("json") << QStringList{"--print", "--json", "a.step"} << "0 a.step json all";
-    QTest::newRow("depth") << QStringList{"a.step", "--print", "--depth", "2"} << "0 a.step text 2";
-    QTest::newRow("help") << QStringList{"--help"} << "1  text all";
-    QTest::newRow("version") << QStringList{"--version"} << "2  text all";
+    const int top = kernel->create_surface({kernel->create_curve()}, "Top");
+    kernel->create_body({kernel->create_volume({top, kernel->create_surface()})}, "Plate");
+    kernel->create_body({kernel->create_volume()}, "Lid");
+
+    MirrorTree tree(*mirror);
+    tree.set_filter("tOp");
+
+    QString printed;
+    QTextStream stream(&printed);
+    TextTreeWriter(tree, stream).write();
+    QCOMPARE(printed, QString::fromUtf8(R"(Plate  [body 1]
+└─ Volume 1  [volume 1]
+   └─ Top  [surface 1]
+      └─ Curve 1  [curve 1]
+)"));
 }
 
-void tst_PrintedTree::commandLineIsRead()
+void tst_PrintedTree::filterLooksIntoGroups()
 {
-    QFETCH(QStringList, arguments);
-    const CommandLine command = CommandLine::parse(QStringList("treebrowser") + arguments);
-    const QString summary = QStringLiteral("%1 %2 %3 %4")
-                                .arg(int(command.action))
-                                .arg(command.file)
-                                .arg(command.json ? "json" : "text")
-                                .arg(command.depth ? QString::number(*command.depth) : "all");
-    QTEST(summary, "summary");
+    const int bolt = kernel->create_body({}, "Bolt");
+    const int inner = kernel->create_group("Inner");
+    kernel->add_to_group(inner, EntityKind::BODY, {bolt});
+    kernel->add_to_group(kernel->create_group("Outer"), EntityKind::GROUP, {inner});
+    kernel->create_group("Other");
+
+    MirrorTree tree(*mirror);
+    tree.set_filter("bolt");
+
+    QString printed;
+    QTextStream stream(&printed);
+    TextTreeWriter(tree, stream).write();
+    QCOMPARE(printed, QString::fromUtf8(R"(Bolt  [body 1]
+Outer  [group 2]
+└─ Inner  [group 1]
+   └─ Bolt  [body 1]
+)"));
 }
 
-void tst_PrintedTree::misuseIsOneSentence_data()
+void tst_PrintedTree::selectedRecordsAreTold()
 {
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QString>("sentence");
-    QTest::newRow("nothing") << QStringList() << "Nothing to do: give --print and a file.";
-    QTest::newRow("no file") << QStringList{"--print"} << "Give one file to print.";
-    QTest::newRow("two files") << QStringList{"--print", "a", "b"} << "Give one file to print.";
-    QTest::newRow("unknown option") << QStringList{"--shiny"} << "Unknown option 'shiny'.";
-    QTest::newRow("depth of nothing") << QStringList{"--print", "a", "--depth", "0"}
-                                      << "The depth must be a whole number from 1 on, not \"0\".";
-    QTest::newRow("depth of words") << QStringList{"--print", "a", "--depth", "two"}
-                                    << "The depth must be a whole number from 1 on, not \"two\".";
-}
+    kernel->create_vertex("Start");
+    kernel->create_vertex("End");
 
-void tst_PrintedTree::misuseIsOneSentence()
-{
-    QFETCH(QStringList, arguments);
-    const CommandLine command = CommandLine::parse(QStringList("treebrowser") + arguments);
-    QCOMPARE(command.action, CommandLine::ReportMisuse);
-    QTEST(command.text, "sentence");
+    MirrorTree tree(*mirror);
+    tree.set_selected({mirror->find_geometry(TreeGeometryData::VERTEX, 2)});
+
+    const QJsonObject json = json_tree(tree, "ends.step", TextTreeWriter::AllLevels);
+    QCOMPARE(json["tree"][0]["flags"].toArray(), QJsonArray{"free"});
+    QCOMPARE(json["tree"][1]["flags"].toArray(), (QJsonArray{"free", "selected"}));
 }
 
 QTEST_GUILESS_MAIN(tst_PrintedTree)

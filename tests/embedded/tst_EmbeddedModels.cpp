@@ -28,6 +28,19 @@ Ids first_ids(int count)
     return ids;
 }
 
+// Loose ends with mesh controls, sets, and elements in the first group.
+ModelData meshed()
+{
+    ModelData model = loose_ends();
+    model.groups[0].elements = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    model.sizing_sources = {"Box", "Distance"};
+    model.boundary_layers = {"BoundaryLayer"};
+    model.blocks = {"Rotor"};
+    model.sidesets = {"Wall"};
+    model.nodesets = {"Tip", "Axis"};
+    return model;
+}
+
 } // namespace
 
 class tst_EmbeddedModels : public QObject
@@ -41,6 +54,8 @@ private Q_SLOTS:
     void importedModelGetsTheIdsAboveTheHighest();
     void importedEntitiesAreToldFromTheBodiesDownAndGroupsFromTheInnermostOut();
     void importedEntityIsReadableInItsNotification();
+    void meshOfAModelComesInWithIt();
+    void importedMeshControlsAndSetsAreToldAfterTheGroups();
     void clearedKernelIsEmptyAndToldAsReset();
     void refreshRequestAndRepairReportOnlyTell();
     void flawedModelIsRefusedAsAWhole_data();
@@ -140,6 +155,56 @@ void tst_EmbeddedModels::importedEntityIsReadableInItsNotification()
     QCOMPARE(volumes, Ids{1});
 }
 
+void tst_EmbeddedModels::meshOfAModelComesInWithIt()
+{
+    ModelData model = meshed();
+    EmbeddedKernel kernel;
+    kernel.open_model(model, "a.msh");
+    kernel.import_model(model);
+
+    QCOMPARE(sizing_source_ids(), (Ids{1, 2, 3, 4}));
+    QCOMPARE(get_boundary_layer_id_list(), (Ids{1, 2}));
+    QCOMPARE(get_block_id_list(), (Ids{1, 2}));
+    QCOMPARE(get_sideset_id_list(), (Ids{1, 2}));
+    QCOMPARE(get_nodeset_id_list(), (Ids{1, 2, 3, 4}));
+    QCOMPARE(get_exodus_entity_name("block", 2), std::string("Rotor"));
+    QCOMPARE(get_exodus_entity_name("nodeset", 4), std::string("Axis"));
+    for (const int group : {1, 3}) {
+        Ids members;
+        ElementCounts counts;
+        get_group_children(group, members, members, members, members, members, members,
+            counts.nodes, counts.edges, counts.hexes, counts.quads, counts.tets, counts.tris,
+            counts.wedges, counts.pyramids, counts.spheres);
+        QVERIFY2(counts == model.groups[0].elements, qPrintable(QString::number(group)));
+    }
+}
+
+void tst_EmbeddedModels::importedMeshControlsAndSetsAreToldAfterTheGroups()
+{
+    EmbeddedKernel kernel;
+    kernel.create_set(EntityKind::BLOCK);
+    NotificationLog log;
+    // What an observer makes meanwhile is told once, by its own making.
+    log.on_event = [&kernel, is_first = true](const QString&) mutable {
+        if (std::exchange(is_first, false)) {
+            kernel.create_set(EntityKind::BLOCK);
+        }
+    };
+
+    kernel.import_model(meshed());
+
+    const QString told = log.take();
+    QVERIFY2(
+        told.endsWith(QStringLiteral("group_created 2, group_created 1, sizing_source_created 1, "
+                                     "sizing_source_created 2, boundary_layer_created 1, "
+                                     "exodus_entity_modified block 2 create, "
+                                     "exodus_entity_modified sideset 1 create, "
+                                     "exodus_entity_modified nodeset 1 create, "
+                                     "exodus_entity_modified nodeset 2 create")),
+        qPrintable(told));
+    QCOMPARE(told.count(QStringLiteral("exodus_entity_modified block 3 create")), 1);
+}
+
 void tst_EmbeddedModels::clearedKernelIsEmptyAndToldAsReset()
 {
     EmbeddedKernel kernel;
@@ -209,6 +274,9 @@ void tst_EmbeddedModels::flawedModelIsRefusedAsAWhole_data()
     newRow(
         "group in itself", [](ModelData& m) { m.groups[1].groups = {2}; },
         "The model's group 2 belongs to a circle of groups that hold one another.");
+    newRow(
+        "less than no elements", [](ModelData& m) { m.groups[1].elements.tets = -1; },
+        "The model's group 2 holds less than no elements.");
     newRow(
         "circle of groups", [](ModelData& m) { m.groups[1].groups = {1}; },
         "The model's group 1 belongs to a circle of groups that hold one another.");

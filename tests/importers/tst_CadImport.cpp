@@ -343,8 +343,10 @@ private Q_SLOTS:
         const auto iges = content_of(example("bracket.iges"));
         const auto brep = content_of(example("pile.brep"));
         row("empty", {}, "the file is empty");
-        row("text", "hello\n", "its content is neither STEP nor IGES nor BREP");
-        row("picture", "\x89PNG\r\n\x1a\n", "its content is neither STEP nor IGES nor BREP");
+        const char* const foreign =
+            "its content is none of STEP, IGES, BREP, MSH, Medit, VTK and Nastran";
+        row("text", "hello\n", foreign);
+        row("picture", "\x89PNG\r\n\x1a\n", foreign);
         row("half a step file", step.left(step.size() / 2), "it is truncated: its end is missing");
         row("half an iges file", iges.left(iges.size() / 2), "it is truncated: its end is missing");
         row("half a brep file", brep.left(brep.size() / 2), "it is truncated: its end is missing");

@@ -33,6 +33,8 @@ private Q_SLOTS:
         QTest::newRow("longest failure")
             << int(FrameKind::Failure) << int(largest_payload(FrameKind::Failure));
         QTest::newRow("large model") << int(FrameKind::Model) << 3'000'000;
+        QTest::newRow("unfinished mesh") << int(FrameKind::UnfinishedMesh) << 100;
+        QTest::newRow("mesh") << int(FrameKind::Mesh) << 100;
     }
 
     void frameArrivesAsItWasSent()
@@ -104,7 +106,7 @@ private Q_SLOTS:
         add("wrong mark", with_byte(good, 0, 'X'));
         add("other version", with_byte(good, 4, 2));
         add("kind zero", with_byte(good, 5, 0));
-        add("unknown kind", with_byte(good, 5, 5));
+        add("unknown kind", with_byte(good, 5, 7));
         add("largest kind", with_byte(good, 5, '\xff'));
         add("something in the empty bytes", with_byte(good, 6, 1));
         add("more than a warning holds", with_byte(good, 10, 2));
@@ -135,7 +137,7 @@ private Q_SLOTS:
 
         QTest::newRow("start") << int(ImportStage::Read) << 0.0 << 0.0;
         QTest::newRow("middle") << int(ImportStage::Transfer) << 0.1234 << 0.1234;
-        QTest::newRow("end") << int(ImportStage::Pack) << 1.0 << 1.0;
+        QTest::newRow("end") << int(ImportStage::RaiseOrder) << 1.0 << 1.0;
         QTest::newRow("unknown") << int(ImportStage::Walk) << -1.0 << -1.0;
         QTest::newRow("past the end") << int(ImportStage::Check) << 1.5 << 1.0;
     }
@@ -161,7 +163,7 @@ private Q_SLOTS:
         QTest::newRow("nothing") << QByteArray();
         QTest::newRow("too short") << QByteArray("\0\0", 2);
         QTest::newRow("too long") << QByteArray("\0\0\0\0", 4);
-        QTest::newRow("unknown stage") << QByteArray("\5\0\0", 3);
+        QTest::newRow("unknown stage") << QByteArray("\x9\0\0", 3);
         QTest::newRow("fraction above one") << QByteArray("\0\x11\x27", 3);
     }
 

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <importers/ModelPack.hpp>
+#include <limits>
 #include <QRandomGenerator>
 #include <QStringList>
 #include <QTest>
@@ -31,11 +33,26 @@ QString text(const ModelData::Volume& volume)
            QStringLiteral(" sheet %1").arg(volume.is_sheet);
 }
 
+QString text(const ElementCounts& counts)
+{
+    QStringList words;
+    for (const auto field : element_count_fields) {
+        words << QString::number(counts.*field);
+    }
+    return words.join(QLatin1Char(','));
+}
+
 QString text(const ModelData::Group& group)
 {
-    return QStringLiteral("'%1' %2; %3; %4; %5; %6; %7")
+    return QStringLiteral("'%1' %2; %3; %4; %5; %6; %7 elements %8")
         .arg(QString::fromStdString(group.name), text(group.groups), text(group.bodies),
-            text(group.volumes), text(group.surfaces), text(group.curves), text(group.vertices));
+            text(group.volumes), text(group.surfaces), text(group.curves), text(group.vertices),
+            text(group.elements));
+}
+
+QString text(const std::string& name)
+{
+    return QString::fromStdString(name);
 }
 
 /// A line for each item, so that a failing comparison reads itself.
@@ -53,6 +70,11 @@ QStringList lines(const ModelData& model)
     add("curve", model.curves);
     add("vertex", model.vertices);
     add("group", model.groups);
+    add("sizing source", model.sizing_sources);
+    add("boundary layer", model.boundary_layers);
+    add("block", model.blocks);
+    add("sideset", model.sidesets);
+    add("nodeset", model.nodesets);
     return result;
 }
 
@@ -85,12 +107,37 @@ public:
         for (auto& group : model.groups) {
             group = {name(), ids(model.groups.size()), ids(model.bodies.size()),
                 ids(model.volumes.size()), ids(model.surfaces.size()), ids(model.curves.size()),
-                ids(model.vertices.size())};
+                ids(model.vertices.size()), counts()};
+        }
+        for (auto* names : {&model.sizing_sources, &model.boundary_layers, &model.blocks,
+                 &model.sidesets, &model.nodesets}) {
+            names->resize(count());
+            std::generate(names->begin(), names->end(), [this] { return name(); });
         }
         return model;
     }
 
+    MeshCounts make_mesh()
+    {
+        MeshCounts mesh;
+        for (auto* entities : {&mesh.volumes, &mesh.surfaces, &mesh.curves, &mesh.vertices}) {
+            entities->resize(count());
+            std::generate(entities->begin(), entities->end(), [this] { return counts(); });
+        }
+        return mesh;
+    }
+
 private:
+    ElementCounts counts()
+    {
+        static const std::vector<int> numbers{0, 0, 1, 127, 128, std::numeric_limits<int>::max()};
+        ElementCounts result;
+        for (const auto field : element_count_fields) {
+            result.*field = numbers[static_cast<std::size_t>(below(numbers.size()))];
+        }
+        return result;
+    }
+
     int below(std::size_t limit) { return m_random.bounded(static_cast<int>(limit)); }
     bool flip() { return below(2) == 1; }
     std::size_t count() { return static_cast<std::size_t>(below(m_size + 1)); }
@@ -148,7 +195,8 @@ bool is_sound(const ModelData& model)
            children_are_within(model.vertices, 0) &&
            std::all_of(
                model.groups.begin(), model.groups.end(), [&model](const ModelData::Group& group) {
-                   return are_within(group.groups, model.groups.size()) &&
+                   return !group.elements.has_negative() &&
+                          are_within(group.groups, model.groups.size()) &&
                           are_within(group.bodies, model.bodies.size()) &&
                           are_within(group.volumes, model.volumes.size()) &&
                           are_within(group.surfaces, model.surfaces.size()) &&
@@ -216,7 +264,7 @@ private Q_SLOTS:
         QVERIFY(!unpack_model(pack_model(model)));
 
         model.bodies.front().children = {1, 2};
-        model.groups.push_back({"group", {}, {}, {id}, {}, {}, {}});
+        model.groups.push_back({"group", {}, {}, {id}, {}, {}, {}, {}});
         QVERIFY(!unpack_model(pack_model(model)));
 
         model.groups.front().volumes = {2};
@@ -263,8 +311,40 @@ private Q_SLOTS:
         model.surfaces.push_back({{}, {1, 2, 3, 4}});
         model.curves.resize(4);
 
-        // Six sizes; two flags, name and size of children for each; four children.
-        QCOMPARE(pack_model(model).size(), std::size_t(6 + 5 * 4 + 4));
+        // Eleven sizes; two flags, name and size of children for each; four children.
+        QCOMPARE(pack_model(model).size(), std::size_t(11 + 5 * 4 + 4));
+    }
+
+    void meshComesBackAsItWas()
+    {
+        for (quint32 seed = 0; seed < 100; ++seed) {
+            const auto mesh = RandomModel(seed, 20).make_mesh();
+
+            const auto copy = unpack_mesh(pack_mesh(mesh));
+
+            QVERIFY2(copy == mesh, qPrintable(QString::number(seed)));
+        }
+    }
+
+    void cutOffMeshIsRefused()
+    {
+        const auto bytes = pack_mesh(RandomModel(7, 20).make_mesh());
+        for (std::size_t size = 0; size < bytes.size(); ++size) {
+            QVERIFY2(!unpack_mesh(std::string_view(bytes).substr(0, size)),
+                qPrintable(QString::number(size)));
+        }
+        QVERIFY(!unpack_mesh(bytes + '\0'));
+    }
+
+    void countBeyondAnIntegerIsRefused()
+    {
+        // One volume, of whose nine counts the nodes are there, and three empty lists.
+        const auto mesh_with_nodes = [](const char* number) {
+            return QByteArray::fromHex(QByteArray("0101") + number + "000000").toStdString();
+        };
+
+        QVERIFY(unpack_mesh(mesh_with_nodes("ffffffff07")));
+        QVERIFY(!unpack_mesh(mesh_with_nodes("8080808008")));
     }
 };
 

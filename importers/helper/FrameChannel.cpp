@@ -1,4 +1,4 @@
-#include <importers/cad/FrameChannel.hpp>
+#include <importers/helper/FrameChannel.hpp>
 
 #include <cerrno>
 #include <cstdlib>
@@ -15,6 +15,7 @@ FrameChannel::FrameChannel()
 void FrameChannel::send(FrameKind kind, std::string_view payload)
 {
     const auto header = frame_header(kind, payload.size());
+    const std::lock_guard lock(m_mutex);
     write_all({header.data(), header.size()});
     write_all(payload);
 }

@@ -1,9 +1,10 @@
 #pragma once
 
 #include <importers/ImportFrames.hpp>
+#include <mutex>
 #include <string_view>
 
-/// The way of frames to the parent process.
+/// The way of frames to the parent process. Any thread may send.
 class FrameChannel
 {
 public:
@@ -22,4 +23,5 @@ private:
     void write_all(std::string_view bytes) const;
 
     int m_descriptor;
+    std::mutex m_mutex;
 };

@@ -1,0 +1,55 @@
+#include <browser/editing/OpenRows.hpp>
+
+#include <browser/editing/EntityFilter.hpp>
+#include <QTreeView>
+#include <treemodel/entity/EntityModel.hpp>
+
+OpenRows::OpenRows(EntityFilter& rows, QTreeView& view, QObject* parent)
+    : QObject(parent)
+    , m_rows(rows)
+    , m_view(view)
+{
+    connect(&rows.items(), &EntityModel::rowsAboutToBeRemoved, this, &OpenRows::forget);
+    connect(&rows.items(), &EntityModel::modelAboutToBeReset, this, [this] { m_items.clear(); });
+}
+
+void OpenRows::save()
+{
+    m_items.clear();
+    save_below({});
+}
+
+void OpenRows::restore()
+{
+    for (EntityItem* item : std::exchange(m_items, {})) {
+        m_view.expand(m_rows.index(item));
+    }
+}
+
+void OpenRows::save_below(const QModelIndex& parent)
+{
+    const EntityItem* const container = m_rows.item(parent);
+    const int count = m_rows.rowCount(parent);
+    for (int row = 0; row < count; ++row) {
+        // Most rows of a large tree are leaves, which are looked at and no more. A category may
+        // be open before it gets its first row.
+        if (container && container->getChild(row)->childCount() == 0) {
+            continue;
+        }
+        const QModelIndex index = m_rows.index(row, 0, parent);
+        if (m_view.isExpanded(index)) {
+            m_items.insert(m_rows.item(index));
+        }
+        save_below(index);
+    }
+}
+
+void OpenRows::forget(const QModelIndex& parent, int first, int last)
+{
+    for (int row = first; row <= last && !m_items.empty(); ++row) {
+        EntityItem* const top = m_rows.items().getEntity(m_rows.items().index(row, 0, parent));
+        for (EntityItem* item = top; item; item = item->getNext(top)) {
+            m_items.erase(item);
+        }
+    }
+}

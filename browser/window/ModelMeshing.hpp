@@ -1,0 +1,42 @@
+#pragma once
+
+#include <importers/MeshJob.hpp>
+#include <QObject>
+
+class EmbeddedKernel;
+
+/// Meshes the model of a kernel, and brings the counts of the elements into its groups as
+/// they grow. A mesh that fails or is cancelled leaves the counts as they were before.
+class ModelMeshing : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Keeps the reference.
+    explicit ModelMeshing(EmbeddedKernel& kernel, QObject* parent = nullptr);
+
+    /// What makes the meshes.
+    MeshJob& job() { return m_job; }
+
+    /// Begins to mesh the CAD file whose model the kernel holds. Does nothing while a mesh is
+    /// being made.
+    void start(const QString& file, const MeshJob::Options& options);
+
+    /// The kernel has another model: ends a mesh that is being made, and forgets the last one.
+    void reset();
+
+Q_SIGNALS:
+    void started();
+
+    /// The last signal of a mesh is one of these.
+    void meshed();
+    void failed(const QString& sentence);
+    void cancelled();
+
+private:
+    void finish(HelperJob::Outcome outcome);
+
+    EmbeddedKernel& m_kernel;
+    MeshJob m_job;
+    MeshCounts m_last_counts;
+};
