@@ -43,6 +43,7 @@ void import_mesh(
         if (trusts_scripts) {
             add_fields(model);
         }
+        session.end_stages();
         send_model(model, channel);
     } catch (const std::string& error) {
         throw ImportError("it is damaged: " + gmsh_reason(error));
