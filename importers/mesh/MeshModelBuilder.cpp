@@ -186,8 +186,9 @@ void MeshModelBuilder::add_bodies()
     for (std::size_t volume = 0; volume < volumes.size(); ++volume) {
         for (const int surface : volumes[volume].children) {
             const auto other = volume_at_surface.emplace(surface, volume).first->second;
-            const auto [first, second] = std::minmax(first_of(volume), first_of(other));
-            leads_to[second] = first;
+            const auto one_first = first_of(volume);
+            const auto other_first = first_of(other);
+            leads_to[std::max(one_first, other_first)] = std::min(one_first, other_first);
         }
     }
     std::map<std::size_t, std::size_t> body_at_first;

@@ -132,7 +132,7 @@ private Q_SLOTS:
         const auto model = m_log->imported(example(name));
 
         QCOMPARE(entity_counts(model), entities);
-        QCOMPARE(model.groups.back().name, std::string("Mesh"));
+        QCOMPARE(QString::fromStdString(model.groups.back().name), QStringLiteral("Mesh"));
         QCOMPARE(text(model.groups.back().elements), elements);
     }
 
@@ -170,6 +170,7 @@ private Q_SLOTS:
         const auto older = m_log->imported(example("blocks_22.msh"));
         const auto newer = m_log->imported(example("blocks_41.msh"));
 
+        QCOMPARE(older.groups.size(), std::size_t(7));
         for (std::size_t i = 0; i + 1 < newer.groups.size(); ++i) {
             QCOMPARE(QString::fromStdString(older.groups[i].name),
                 QString::fromStdString(newer.groups[i].name));
@@ -206,7 +207,7 @@ private Q_SLOTS:
 
         const auto model = m_log->imported(example(name));
 
-        QCOMPARE(text(model.bodies[0].children), QStringLiteral("1 2 3"));
+        QCOMPARE(text(model.bodies.at(0).children), QStringLiteral("1 2 3"));
         QCOMPARE(parent_counts(model.volumes, model.surfaces), surfaces);
         QCOMPARE(parent_counts(model.curves, model.vertices), vertices);
     }
