@@ -11,6 +11,9 @@ set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_COMPONENTS_ALL libtreemodel libtreemodel-dev)
 if(TREEMODEL_BUILD_BROWSER)
   list(APPEND CPACK_COMPONENTS_ALL treebrowser)
+  if(TARGET treemodel-import-mesh)
+    list(APPEND CPACK_COMPONENTS_ALL treebrowser-mesh)
+  endif()
 endif()
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -33,5 +36,12 @@ set(CPACK_DEBIAN_TREEBROWSER_DESCRIPTION "Browser of CAD and mesh models as a li
 set(CPACK_COMPONENT_TREEBROWSER_DEPENDS libtreemodel)
 set(CPACK_DEBIAN_TREEBROWSER_PACKAGE_NAME treebrowser)
 set(CPACK_DEBIAN_TREEBROWSER_PACKAGE_SECTION science)
+set(CPACK_DEBIAN_TREEBROWSER_PACKAGE_SUGGESTS treebrowser-mesh)
+
+# Gmsh and all that it stands on are for those who want them; and it is under the GPL.
+set(CPACK_DEBIAN_TREEBROWSER-MESH_DESCRIPTION "Reader of meshes and mesher for treebrowser")
+set(CPACK_DEBIAN_TREEBROWSER-MESH_PACKAGE_DEPENDS treebrowser)
+set(CPACK_DEBIAN_TREEBROWSER-MESH_PACKAGE_NAME treebrowser-mesh)
+set(CPACK_DEBIAN_TREEBROWSER-MESH_PACKAGE_SECTION science)
 
 include(CPack)
