@@ -39,9 +39,8 @@ TreeGeometryData* TreeGeomModel::add_geometry(
         associate_geometry(parent, record);
     } else {
         auto created = new_record(type, id);
-        record = created.get();
-        records->insert(id, record);
-        created.release();
+        records->insert(id, created.get());
+        record = created.release();
         const bool is_linked = do_association(parent, record);
         Q_EMIT geometry_added(record, is_linked ? parent : nullptr);
     }
