@@ -2,7 +2,7 @@
 
 #include <QFile>
 #include <treemodel/entity/EntityCategories.hpp>
-#include <treemodel/entity/prefetch.hpp>
+#include <treemodel/prefetch.hpp>
 #include <vector>
 
 namespace {

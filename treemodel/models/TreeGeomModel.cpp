@@ -3,6 +3,7 @@
 #include <array>
 #include <memory>
 #include <QScopeGuard>
+#include <treemodel/prefetch.hpp>
 #include <treemodel/treedata/RecordDeaths.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 #include <utility>
@@ -117,10 +118,10 @@ void TreeGeomModel::clear()
     m_parents_map.clear();
     for (RecordMap* records :
         {&m_body_map, &m_volume_map, &m_surface_map, &m_curve_map, &m_vertex_map}) {
-        for (TreeGeometryData* record : std::exchange(*records, {}).values()) {
+        for_each_prefetched(std::exchange(*records, {}).values(), [this](TreeGeometryData* record) {
             clear_associations(record);
             delete record;
-        }
+        });
     }
 }
 
