@@ -115,6 +115,9 @@ const std::vector<EditActions::Row>& EditActions::rows()
              ":/treebrowser/window/restore.svg"},
             Needs::SomethingToRestore},
         {},
+        {{"apply_condition", QT_TR_NOOP("&Apply Condition to These Sets"), "",
+             &EditActions::apply_condition},
+            Needs::SomethingSelected},
         {{"refresh", QT_TR_NOOP("Re&fresh"), "F5", &EditActions::refresh}, Needs::Nothing},
     };
     return rows;
@@ -262,6 +265,21 @@ void EditActions::ask_to_delete()
     box->setDefaultButton(box->addButton(tr("Delete"), QMessageBox::AcceptRole));
     connect(box, &QMessageBox::accepted, this, [this] { m_editor.remove(selected()); });
     box->open();
+}
+
+void EditActions::apply_condition()
+{
+    KernelEditor::Records sets = selected();
+    const auto condition = std::partition(sets.begin(), sets.end(), [](TreeData* record) {
+        return item_kind(record) < ItemKind::Force || item_kind(record) > ItemKind::Wall;
+    });
+    if (sets.end() - condition != 1) {
+        Q_EMIT refused(tr("Select one boundary condition and the sets that it is to apply to."));
+        return;
+    }
+    TreeData* const record = *condition;
+    sets.pop_back();
+    m_editor.set_condition_sets(record, sets);
 }
 
 void EditActions::copy()

@@ -53,6 +53,7 @@ private:
     void show_only();
     void restore();
     void ask_to_delete();
+    void apply_condition();
     void copy();
     void refresh();
     void create(ItemKind kind);

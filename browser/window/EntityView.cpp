@@ -44,6 +44,18 @@ void EntityView::setModel(QAbstractItemModel* model)
     setSortingEnabled(true);
 }
 
+void EntityView::dataChanged(
+    const QModelIndex& top_left, const QModelIndex& bottom_right, const QList<int>& roles)
+{
+    const bool is_edited = state() == EditingState &&
+                           QItemSelectionRange(top_left, bottom_right).contains(currentIndex());
+    if (is_edited) {
+        QTreeView::dataChanged(top_left, bottom_right, roles);
+    } else {
+        viewport()->update();
+    }
+}
+
 void EntityView::set_hint(const QString& text)
 {
     m_hint = text;
@@ -78,6 +90,14 @@ void EntityView::set_expanded_below(const QModelIndex& index, bool expanded)
     for (int row = 0; row < model()->rowCount(index); ++row) {
         set_expanded_below(model()->index(row, 0, index), expanded);
     }
+}
+
+QRegion EntityView::visualRegionForSelection(const QItemSelection& selection) const
+{
+    // A tree view searches all its rows for each range.
+    constexpr qsizetype few = 20;
+    return selection.size() > few ? QRegion(viewport()->rect())
+                                  : QTreeView::visualRegionForSelection(selection);
 }
 
 void EntityView::contextMenuEvent(QContextMenuEvent* event)

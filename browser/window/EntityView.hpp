@@ -12,6 +12,10 @@ public:
 
     void setModel(QAbstractItemModel* model) override;
 
+    /// Has the rows painted anew, without the search for each of them that a tree view makes.
+    void dataChanged(const QModelIndex& top_left, const QModelIndex& bottom_right,
+        const QList<int>& roles = {}) override;
+
     /// A text that is shown over the rows; empty for none.
     void set_hint(const QString& text);
 
@@ -26,6 +30,7 @@ Q_SIGNALS:
     void menu_wanted(const QPoint& position);
 
 protected:
+    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
         const QModelIndex& index) const override;

@@ -238,7 +238,9 @@ void MainWindow::show_message(const QString& sentence)
 
 void MainWindow::show_about()
 {
-    QMessageBox::about(this, tr("About treebrowser"),
-        tr("treebrowser %1\n\nShows what a geometry kernel holds as a live tree.")
-            .arg(QApplication::applicationVersion()));
+    auto* const box = new QMessageBox(QMessageBox::Information, tr("About treebrowser"),
+        tr("treebrowser %1").arg(QApplication::applicationVersion()), QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setInformativeText(tr("Shows what a geometry kernel holds as a live tree."));
+    box->open();
 }

@@ -30,6 +30,9 @@ public:
 
     void show_signal_monitor();
 
+    /// In the status bar, for some seconds.
+    void show_message(const QString& sentence);
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -45,7 +48,6 @@ private:
     void create_status_bar();
     void take_in_opened(FileOpening::Mode mode);
     void show_selection();
-    void show_message(const QString& sentence);
     void show_about();
 
     KernelSession& m_session;

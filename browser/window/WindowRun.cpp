@@ -8,7 +8,6 @@
 #include <browser/window/Screenshot.hpp>
 #include <browser/window/TreePane.hpp>
 #include <QApplication>
-#include <QMessageBox>
 #include <QTextStream>
 
 namespace {
@@ -56,7 +55,7 @@ ExitCode show_window(const CommandLine& command, KernelSession& session, MainWin
         &window.files().opening(), &FileOpening::opened, &window,
         [&] {
             if (const QString problem = arrange(command, session, window); !problem.isEmpty()) {
-                QMessageBox::warning(&window, QString(), problem);
+                window.show_message(problem);
             }
         },
         Qt::SingleShotConnection);

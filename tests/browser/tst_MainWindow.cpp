@@ -79,6 +79,7 @@ private Q_SLOTS:
     void selectionBecomesAnEntity_data();
     void selectionBecomesAnEntity();
     void conditionOnSelectedSetHoldsIt();
+    void selectedConditionIsAppliedToSelectedSets();
     void refusedOperationIsToldAndChangesNothing();
 
     void branchesAreExpandedAndCollapsed();
@@ -460,6 +461,21 @@ void tst_MainWindow::conditionOnSelectedSetHoldsIt()
         qPrintable(shown));
 }
 
+void tst_MainWindow::selectedConditionIsAppliedToSelectedSets()
+{
+    session->kernel().create_set(EntityKind::NODESET, "Corners");
+    QAction* const apply = window->findChild<QAction*>("apply_condition");
+    click(session->mirror().find_exodus(TreeExodusData::NODESET, 1));
+    apply->trigger();
+    QCOMPARE(message(), "Select one boundary condition and the sets that it is to apply to.");
+
+    click(session->mirror().find_fea_bc(TreeFeaBCData::FORCE, 1), Qt::ControlModifier);
+    apply->trigger();
+    settle();
+    const QString shown = shown_tree(*view().model());
+    QVERIFY2(shown.contains("Push(Corners)"), qPrintable(shown));
+}
+
 void tst_MainWindow::refusedOperationIsToldAndChangesNothing()
 {
     click(body(2));
@@ -522,14 +538,14 @@ void tst_MainWindow::contextMenuOfARecordWorksOnIt()
 
 void tst_MainWindow::contextMenuOfACategoryMakesOneOfItsKind()
 {
-    const EntityItem* const blocks = tree().join().category(Category::Blocks);
+    EntityItem* const blocks = tree().join().category(Category::Blocks);
     choose(tree().rows().index(blocks), "block");
     QVERIFY(session->mirror().find_exodus(TreeExodusData::BLOCK, 1));
 }
 
 void tst_MainWindow::contextMenuOfACategoryHidesIt()
 {
-    const EntityItem* const blocks = tree().join().category(Category::Blocks);
+    EntityItem* const blocks = tree().join().category(Category::Blocks);
     choose(tree().rows().index(blocks), "&Hide Category");
     QVERIFY(!shown_tree(*view().model()).contains("Blocks"));
     QVERIFY(!window->findChild<CategoryMenu*>()->is_shown(Category::Blocks));
