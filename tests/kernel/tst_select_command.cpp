@@ -170,7 +170,7 @@ void tst_select_command::wordsComeInTheirOrderWhateverTheRecordsDo()
 
 QString tst_select_command::ids_by_address(Records records)
 {
-    std::sort(records.begin(), records.end(), std::less<TreeData*>());
+    std::sort(records.begin(), records.end(), std::less<>());
     QString ids;
     for (TreeData* record : records) {
         ids += QString("%1 ").arg(record->id());
