@@ -12,6 +12,17 @@
 #include <treemodel/kernel/KestoInterface.hpp>
 #include <treemodel/kernel/TreeModel.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
+#include <utility>
+#include <vector>
+
+/// Takes the news of a death and does nothing.
+class Watcher : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void ignore(TreeData*) {}
+};
 
 namespace {
 
@@ -52,7 +63,7 @@ public:
     {
         for (int kind = LatticeKernel::KindCount - 1; kind >= 0; --kind) {
             for (const int id : kernel.ids(kind)) {
-                m_records[kind].emplace(id, new_record(kind, id));
+                m_records[kind][id] = new_record(kind, id);
             }
         }
         for (int kind = LatticeKernel::KindCount - 1; links && kind > 0; --kind) {
@@ -143,41 +154,86 @@ void SurfaceModified(benchmark::State& state)
     }
 }
 
-template <typename Mirror, typename Make>
-void measure_destruction(benchmark::State& state, Make make)
+enum Members : bool { WithoutMembers, WithMembers };
+
+template <typename Mirror>
+void measure_destruction(benchmark::State& state, Members members)
 {
     LatticeKernel kernel(state.range(0));
+    if (members) {
+        kernel.group_all();
+    }
     for (auto _ : state) {
         state.PauseTiming();
-        std::unique_ptr<Mirror> mirror = make(kernel);
+        auto mirror = std::make_unique<Mirror>(kernel, members);
         state.ResumeTiming();
         mirror.reset();
     }
     count_records(state, kernel);
 }
 
-void Destruction(benchmark::State& state)
+struct FilledMirror : TreeModel
 {
-    measure_destruction<TreeModel>(state, [](const LatticeKernel&) {
-        auto mirror = std::make_unique<TreeModel>();
-        mirror->refresh_model(false);
-        return mirror;
-    });
+    FilledMirror(const LatticeKernel& /*kernel*/, Members /*members*/) { refresh_model(false); }
+};
+
+void Destruction(benchmark::State& state, Members members)
+{
+    measure_destruction<FilledMirror>(state, members);
 }
 
-// The same objects, alone in one list.
-void Destruction_floor(benchmark::State& state)
+std::vector<std::pair<int, int>> entities_in_order_of_first_fill()
 {
-    using Records = std::vector<std::unique_ptr<TreeGeometryData>>;
-    measure_destruction<Records>(state, [](const LatticeKernel& kernel) {
-        auto records = std::make_unique<Records>();
-        for (int kind = LatticeKernel::KindCount - 1; kind >= 0; --kind) {
-            for (const int id : kernel.ids(kind)) {
-                records->push_back(new_record(kind, id));
+    std::vector<std::pair<int, int>> entities;
+    TreeModel mirror;
+    QObject::connect(&mirror, &TreeModel::geometry_added, [&entities](TreeGeometryData* record) {
+        entities.emplace_back(record->geometry_type(), record->id());
+    });
+    mirror.refresh_model(false);
+    return entities;
+}
+
+/// The objects of the mirror, made in the order in which a refresh meets them and deleted in that
+/// in which a mirror must delete them: by kind and id, so that neighbours in memory do not go one
+/// after the other. A member of a group is connected, once.
+class PlainRecords
+{
+public:
+    PlainRecords(const LatticeKernel& kernel, Members members)
+    {
+        for (int kind = 0; kind < LatticeKernel::KindCount; ++kind) {
+            m_records[kind].resize(kernel.ids(kind).size() + 1);
+        }
+        for (const auto& [kind, id] : entities_in_order_of_first_fill()) {
+            m_records[kind][id] = new_record(kind, id);
+        }
+        for (const auto& records : m_records) {
+            for (const auto& record : records) {
+                if (record && members) {
+                    QObject::connect(record.get(), SIGNAL(treedata_destroyed(TreeData*)),
+                        &m_watcher, SLOT(ignore(TreeData*)));
+                }
             }
         }
-        return records;
-    });
+    }
+
+    ~PlainRecords()
+    {
+        for (int kind = LatticeKernel::KindCount - 1; kind >= 0; --kind) {
+            for (auto& record : m_records[kind]) {
+                record.reset();
+            }
+        }
+    }
+
+private:
+    Watcher m_watcher;
+    std::vector<std::unique_ptr<TreeGeometryData>> m_records[LatticeKernel::KindCount];
+};
+
+void Destruction_floor(benchmark::State& state, Members members)
+{
+    measure_destruction<PlainRecords>(state, members);
 }
 
 double heap_in_use()
@@ -223,11 +279,14 @@ BENCHMARK_CAPTURE(FirstFill_floor, objects_and_links, PlainMirror::WithLinks)->A
 BENCHMARK(SteadyRefresh)->Apply(sizes);
 BENCHMARK(SteadyRefresh_floor)->Apply(sizes);
 BENCHMARK(SurfaceModified)->Arg(10'000)->Arg(100'000)->Arg(1'000'000);
-BENCHMARK(Destruction)->Apply(sizes);
-BENCHMARK(Destruction_floor)->Apply(sizes);
+BENCHMARK_CAPTURE(Destruction, no_members, WithoutMembers)->Apply(sizes);
+BENCHMARK_CAPTURE(Destruction_floor, no_members, WithoutMembers)->Apply(sizes);
+BENCHMARK_CAPTURE(Destruction, members, WithMembers)->Apply(sizes);
+BENCHMARK_CAPTURE(Destruction_floor, members, WithMembers)->Apply(sizes);
 BENCHMARK(Heap)->Apply(sizes)->Iterations(1);
 BENCHMARK(Heap_floor)->Apply(sizes)->Iterations(1);
 
 } // namespace
 
 BENCHMARK_MAIN();
+#include "mirror_geometry.moc"

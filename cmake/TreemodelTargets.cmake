@@ -22,7 +22,10 @@ function(treemodel_add_library target)
   treemodel_target_defaults(${target})
   set_target_properties(${target} PROPERTIES
     VERSION ${PROJECT_VERSION}
-    SOVERSION ${PROJECT_VERSION_MAJOR})
+    SOVERSION ${PROJECT_VERSION_MAJOR}
+    LINK_DEPENDS "${PROJECT_SOURCE_DIR}/cmake/exports.map")
+  target_link_options(${target} PRIVATE
+    "LINKER:--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map")
 endfunction()
 
 # Adds the sources of the current folder to `target` and, for an installed

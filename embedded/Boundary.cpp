@@ -76,6 +76,7 @@ public:
             std::vector<KestoInterface::MaterialHandle> handles;
             for (const EntityKind kind : {EntityKind::MATERIAL, EntityKind::MEDIUM}) {
                 for (const int id : state.ids(kind)) {
+                    // Never followed. NOLINTNEXTLINE(performance-no-int-to-ptr)
                     handles.push_back(reinterpret_cast<void*>(static_cast<std::intptr_t>(id)));
                 }
             }

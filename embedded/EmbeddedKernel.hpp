@@ -44,6 +44,8 @@ public:
     EmbeddedKernel();
     EmbeddedKernel(const EmbeddedKernel&) = delete;
     EmbeddedKernel& operator=(const EmbeddedKernel&) = delete;
+
+    /// Tells nothing either.
     ~EmbeddedKernel();
 
     /// Null if there is none.

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+/// @file
+
 /// The kinds of entity that an EmbeddedKernel holds.
 enum class EntityKind : int {
     // Geometry, from the lowest to the highest.

@@ -233,6 +233,9 @@ std::vector<int> get_entities(const std::string& type)
 std::string get_entity_name(const std::string& type, int id, bool /*flag*/)
 {
     const int kind = kind_of(type);
+    if (kind == LatticeKernel::KindCount) {
+        return "Lattice"; // the group
+    }
     note(Query::Name, kind, id);
     return active_kernel->name(kind, id);
 }
@@ -269,6 +272,26 @@ std::vector<int> get_relatives(
     note(Query::Relatives, source, source_id, target);
     return target < source ? active_kernel->below(source, source_id)
                            : active_kernel->above(source, source_id);
+}
+
+void group_list(std::vector<std::string>& names, std::vector<int>& ids)
+{
+    if (active_kernel->has_group()) {
+        names = {"Lattice"};
+        ids = {1};
+    }
+}
+
+void get_group_children(int /*group_id*/, std::vector<int>& /*groups*/, std::vector<int>& bodies,
+    std::vector<int>& volumes, std::vector<int>& surfaces, std::vector<int>& curves,
+    std::vector<int>& vertices, int& /*nodes*/, int& /*edges*/, int& /*hexes*/, int& /*quads*/,
+    int& /*tets*/, int& /*tris*/, int& /*wedges*/, int& /*pyramids*/, int& /*spheres*/)
+{
+    bodies = active_kernel->ids(Body);
+    volumes = active_kernel->ids(Volume);
+    surfaces = active_kernel->ids(Surface);
+    curves = active_kernel->ids(Curve);
+    vertices = active_kernel->ids(Vertex);
 }
 
 // A lattice has nothing else.
@@ -309,7 +332,6 @@ std::vector<int> sizing_source_ids()
 {
     return {};
 }
-void group_list(std::vector<std::string>& /*names*/, std::vector<int>& /*ids*/) {}
 std::string get_exodus_entity_name(std::string /*type*/, int /*id*/)
 {
     return {};
@@ -317,13 +339,6 @@ std::string get_exodus_entity_name(std::string /*type*/, int /*id*/)
 std::string get_exodus_entity_type(std::string /*type*/, int /*id*/)
 {
     return {};
-}
-void get_group_children(int /*group_id*/, std::vector<int>& /*groups*/,
-    std::vector<int>& /*bodies*/, std::vector<int>& /*volumes*/, std::vector<int>& /*surfaces*/,
-    std::vector<int>& /*curves*/, std::vector<int>& /*vertices*/, int& /*nodes*/, int& /*edges*/,
-    int& /*hexes*/, int& /*quads*/, int& /*tets*/, int& /*tris*/, int& /*wedges*/,
-    int& /*pyramids*/, int& /*spheres*/)
-{
 }
 int current_selection_count()
 {

@@ -25,6 +25,10 @@ public:
 
     std::int64_t entity_count() const;
 
+    /// Puts all entities into group 1.
+    void group_all() { m_has_group = true; }
+    bool has_group() const { return m_has_group; }
+
     /// One question that the kernel was asked.
     struct Query
     {
@@ -75,4 +79,5 @@ private:
     std::array<std::vector<std::string>, KindCount> m_names;
     std::vector<Query> m_queries;
     bool m_is_recording = false;
+    bool m_has_group = false;
 };

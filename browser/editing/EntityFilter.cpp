@@ -76,7 +76,7 @@ QModelIndex EntityFilter::sibling(int row, int column, const QModelIndex& index)
 {
     const bool is_same_row = row == index.row() && column >= 0 && column < column_count;
     return is_same_row ? createIndex(row, column, index.internalPointer())
-                       : QAbstractItemModel::sibling(row, column, index);
+                       : this->index(row, column, parent(index));
 }
 
 int EntityFilter::rowCount(const QModelIndex& parent) const

@@ -220,17 +220,17 @@ bool KernelEditor::create_condition(EntityKind kind, const Records& records, con
 
 bool KernelEditor::set_condition_sets(TreeData* condition, const Records& records)
 {
-    Entities conditions;
+    Entities changed;
     Entities entities;
-    if (!take({condition}, Requirement::to_be_a_condition, conditions) ||
+    if (!take({condition}, Requirement::to_be_a_condition, changed) ||
         !take(records, Requirement::to_bear_conditions, entities)) {
         return false;
     }
-    if (conditions.empty()) {
+    if (changed.empty()) {
         return refuse(tr("This row is no boundary condition."));
     }
     return run([&] {
-        m_kernel.set_condition_sets(conditions[0].kind, conditions[0].id,
+        m_kernel.set_condition_sets(changed[0].kind, changed[0].id,
             ids_of(entities, EntityKind::SIDESET), ids_of(entities, EntityKind::NODESET));
     });
 }

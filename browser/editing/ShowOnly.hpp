@@ -31,7 +31,7 @@ private:
     struct Former
     {
         QPointer<TreeData> record;
-        bool is_visible;
+        bool is_visible = true;
     };
 
     void remember(const std::vector<TreeData*>& records);

@@ -154,7 +154,7 @@ void MirrorRows::read_changes(QDeadlineTimer deadline)
 }
 
 // EntityModel::updateEntity() finds each row by a search. None of these has to move, so one
-/// signal does for many.
+// signal does for many.
 void MirrorRows::repaint(EntityItem* parent, const std::vector<EntityItem*>& children)
 {
     if (children.size() <= few_rows) {
@@ -296,6 +296,7 @@ bool MirrorRows::opens_below(
     if (!place) {
         return true;
     }
+    // Geometry opens its parts, and a group the groups in it; nothing else opens what it holds.
     const ItemKind kind = place->data().kind();
     if (kind > ItemKind::Vertex && !(kind == ItemKind::Group && data.kind() == kind)) {
         return false;

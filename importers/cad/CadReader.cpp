@@ -7,8 +7,8 @@
 #include <IGESCAFControl_Reader.hxx>
 #include <importers/cad/CadDocument.hpp>
 #include <importers/cad/FrameProgress.hpp>
-#include <importers/helper/ImportError.hpp>
 #include <importers/FileContent.hpp>
+#include <importers/helper/ImportError.hpp>
 #include <Interface_Check.hxx>
 #include <Interface_InterfaceModel.hxx>
 #include <set>

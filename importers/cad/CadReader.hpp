@@ -1,8 +1,8 @@
 #pragma once
 
 #include <filesystem>
-#include <importers/helper/FrameChannel.hpp>
 #include <importers/cad/PartTree.hpp>
+#include <importers/helper/FrameChannel.hpp>
 
 /// Reads a STEP, IGES or BREP file with OpenCASCADE, going by its content, and reports
 /// the stages up to ImportStage::Transfer. Throws ImportError, and whatever

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <gmsh.h>
 #include <importers/cad/CadModel.hpp>
 #include <importers/helper/ImportError.hpp>
 #include <importers/mesh/ElementCounter.hpp>
 #include <importers/ModelPack.hpp>
+#include <numeric>
 #include <set>
 
 namespace {
@@ -36,6 +38,12 @@ constexpr std::array stages{
 // What stands for the shell of a sheet, which is no entity to Gmsh.
 constexpr int no_tag = 0;
 
+bool has_elements(ElementCounts counts)
+{
+    counts.nodes = 0;
+    return counts != ElementCounts();
+}
+
 int tag_of(const TopoDS_Shape& shape)
 {
     gmsh::vectorpair tags;
@@ -58,6 +66,17 @@ public:
         for (std::size_t dimension = 0; dimension < kinds.size(); ++dimension) {
             check(dimension);
         }
+    }
+
+    // How many entities have no elements although Gmsh knows them.
+    std::ptrdiff_t unmeshed(std::size_t dimension, const MeshCounts& mesh) const
+    {
+        const auto& tags = m_tags[dimension];
+        const auto& entities = mesh.*kinds[dimension].counts;
+        return std::inner_product(tags.begin(), tags.end(), entities.begin(), std::ptrdiff_t{0},
+            std::plus(), [](int tag, const ElementCounts& counts) {
+                return tag != no_tag && !has_elements(counts) ? 1 : 0;
+            });
     }
 
     MeshCounts counts() const
@@ -105,17 +124,32 @@ private:
     std::array<std::size_t, kinds.size()> m_entity_counts{};
 };
 
-void set_sizes(double element_size)
+void set_options(double element_size)
 {
-    gmsh::option::setNumber("Mesh.MeshSizeMin", 0);
+    // Both, for Gmsh has ideas of its own about the sizes in between.
+    gmsh::option::setNumber("Mesh.MeshSizeMin", element_size);
     gmsh::option::setNumber("Mesh.MeshSizeMax", element_size);
+    // What cannot be meshed does not keep the rest from it.
+    gmsh::option::setNumber("General.AbortOnError", 0);
+}
+
+// A degenerate curve never has elements.
+void warn_of_unmeshed(const MeshedModel& model, const MeshCounts& mesh, FrameChannel& channel)
+{
+    for (const auto& [dimension, plural] : {std::pair(2, "Surfaces"), std::pair(3, "Volumes")}) {
+        if (const auto count = model.unmeshed(dimension, mesh); count > 0) {
+            channel.send_text(FrameKind::Warning,
+                std::string(plural) +
+                    " that cannot be meshed with this size: " + std::to_string(count) + '.');
+        }
+    }
 }
 
 void mesh_model(const ModelBuilder& builder, const MeshSettings& settings, GmshSession& session,
     FrameChannel& channel)
 {
     const MeshedModel model(builder);
-    set_sizes(settings.element_size);
+    set_options(settings.element_size);
     for (const auto& [stage, dimension] : stages) {
         session.begin(stage);
         gmsh::model::mesh::generate(dimension);
@@ -125,7 +159,9 @@ void mesh_model(const ModelBuilder& builder, const MeshSettings& settings, GmshS
         session.begin(ImportStage::RaiseOrder);
         gmsh::model::mesh::setOrder(settings.element_order);
     }
-    channel.send(FrameKind::Mesh, pack_mesh(model.counts()));
+    const auto mesh = model.counts();
+    warn_of_unmeshed(model, mesh, channel);
+    channel.send(FrameKind::Mesh, pack_mesh(mesh));
 }
 
 } // namespace

@@ -39,8 +39,15 @@ GmshSession::GmshSession(FrameChannel& channel)
 
 void GmshSession::begin(ImportStage stage)
 {
+    const std::lock_guard lock(m_mutex);
     m_stage = stage;
     m_channel.send_progress(stage);
+}
+
+void GmshSession::end_stages()
+{
+    const std::lock_guard lock(m_mutex);
+    m_stage.reset();
 }
 
 void GmshSession::watch(int descriptor)
@@ -48,7 +55,7 @@ void GmshSession::watch(int descriptor)
     std::string line;
     auto last_report = std::chrono::steady_clock::now();
     char piece[4096];
-    while (const auto size = ::read(descriptor, piece, sizeof piece)) {
+    for (ssize_t size = 0; (size = ::read(descriptor, piece, sizeof piece)) > 0;) {
         for (ssize_t i = 0; i < size; ++i) {
             if (piece[i] != '\n' && piece[i] != '\r') {
                 line += piece[i];
@@ -57,16 +64,25 @@ void GmshSession::watch(int descriptor)
             const auto now = std::chrono::steady_clock::now();
             if (now - last_report >= interval) {
                 last_report = now;
-                m_channel.send_progress(m_stage, fraction_in(line));
+                report(line);
             }
             line.clear();
         }
     }
 }
 
+void GmshSession::report(const std::string& line)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_stage) {
+        m_channel.send_progress(*m_stage, fraction_in(line));
+    }
+}
+
 std::string gmsh_reason(const std::string& error)
 {
     // Gmsh's sentences end as they like.
-    const auto end = error.find_last_not_of(" .!\n") + 1;
-    return end == 0 ? "Gmsh could not go on" : "Gmsh stopped with " + error.substr(0, end);
+    const auto line = error.substr(0, error.find('\n'));
+    const auto end = line.find_last_not_of(" .!") + 1;
+    return end == 0 ? "Gmsh could not go on" : "Gmsh stopped with " + line.substr(0, end);
 }

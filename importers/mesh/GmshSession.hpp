@@ -1,7 +1,8 @@
 #pragma once
 
-#include <atomic>
 #include <importers/helper/FrameChannel.hpp>
+#include <mutex>
+#include <optional>
 #include <string>
 
 /// Gmsh, ready for work. What it prints becomes progress frames: a line is a sign of life, and
@@ -16,11 +17,18 @@ public:
     /// What is printed from now on belongs to this stage.
     void begin(ImportStage stage);
 
+    /// What is printed from now on is for nobody.
+    void end_stages();
+
 private:
     void watch(int descriptor);
 
+    void report(const std::string& line);
+
     FrameChannel& m_channel;
-    std::atomic<ImportStage> m_stage = ImportStage::Read;
+    // Keeps reports of an earlier stage from coming after a later one has begun.
+    std::mutex m_mutex;
+    std::optional<ImportStage> m_stage;
 };
 
 /// The last error of Gmsh, which it throws as a bare text, as the end of a sentence.

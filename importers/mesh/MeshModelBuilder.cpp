@@ -64,7 +64,8 @@ void link_entities()
         if (!found.empty()) {
             if (std::none_of(found.begin(), found.end(),
                     [](const auto& entity) { return has_boundary(entity.first, entity.second); })) {
-                gmsh::model::mesh::createTopology();
+                // Without cutting entities up, which takes long and makes other ones.
+                gmsh::model::mesh::createTopology(false, false);
             }
             return;
         }
@@ -145,7 +146,10 @@ void MeshModelBuilder::add_entities(int dimension)
         auto& entity = new_entity(m_model, dimension);
         gmsh::model::getEntityName(dimension, tag, entity.name);
         entity.children = children_of(dimension, tag);
-        level.ids_by_tag.emplace(tag, static_cast<int>(level.ids_by_tag.size()) + 1);
+        const auto elements = level.elements_by_tag.find(tag);
+        level.elements.push_back(
+            elements == level.elements_by_tag.end() ? ElementCounts() : elements->second);
+        level.ids_by_tag.emplace(tag, static_cast<int>(level.elements.size()));
     }
 }
 
@@ -182,8 +186,9 @@ void MeshModelBuilder::add_bodies()
     for (std::size_t volume = 0; volume < volumes.size(); ++volume) {
         for (const int surface : volumes[volume].children) {
             const auto other = volume_at_surface.emplace(surface, volume).first->second;
-            const auto [first, second] = std::minmax(first_of(volume), first_of(other));
-            leads_to[second] = first;
+            const auto one_first = first_of(volume);
+            const auto other_first = first_of(other);
+            leads_to[std::max(one_first, other_first)] = std::min(one_first, other_first);
         }
     }
     std::map<std::size_t, std::size_t> body_at_first;
@@ -237,41 +242,42 @@ void MeshModelBuilder::add_group(const std::vector<PhysicalGroup>& parts)
     group.name = parts.front().name;
     std::vector<std::size_t> nodes;
     for (const auto& part : parts) {
-        add_members(group, part);
+        const auto ids = ids_in(part);
+        auto& members = group.*kinds[static_cast<std::size_t>(part.dimension)].members;
+        members.insert(members.end(), ids.begin(), ids.end());
         const auto part_nodes = nodes_of_group(part.dimension, part.tag);
         nodes.insert(nodes.end(), part_nodes.begin(), part_nodes.end());
+    }
+    for (std::size_t dimension = 0; dimension < kinds.size(); ++dimension) {
+        auto& members = group.*kinds[dimension].members;
+        make_unique(members);
+        for (const int id : members) {
+            group.elements += m_levels[dimension].elements[static_cast<std::size_t>(id) - 1];
+        }
     }
     make_unique(nodes);
     group.elements.nodes = static_cast<int>(nodes.size());
 }
 
-// Each once, however many physical groups of that name it is in.
-void MeshModelBuilder::add_members(ModelData::Group& group, const PhysicalGroup& part) const
+std::vector<int> MeshModelBuilder::ids_in(const PhysicalGroup& group) const
 {
-    const auto dimension = static_cast<std::size_t>(part.dimension);
-    const auto& level = m_levels[dimension];
-    auto& members = group.*kinds[dimension].members;
+    const auto& known = m_levels[static_cast<std::size_t>(group.dimension)].ids_by_tag;
     std::vector<int> tags;
-    gmsh::model::getEntitiesForPhysicalGroup(part.dimension, part.tag, tags);
+    gmsh::model::getEntitiesForPhysicalGroup(group.dimension, group.tag, tags);
+    std::vector<int> ids;
     for (const int tag : tags) {
-        const auto id = level.ids_by_tag.find(std::abs(tag));
-        if (id == level.ids_by_tag.end() ||
-            std::find(members.begin(), members.end(), id->second) != members.end()) {
-            continue;
-        }
-        members.push_back(id->second);
-        if (const auto elements = level.elements_by_tag.find(id->first);
-            elements != level.elements_by_tag.end()) {
-            group.elements += elements->second;
+        if (const auto found = known.find(std::abs(tag)); found != known.end()) {
+            ids.push_back(found->second);
         }
     }
+    return ids;
 }
 
 void MeshModelBuilder::add_whole_mesh()
 {
     ModelData::Group whole;
     for (const auto& level : m_levels) {
-        for (const auto& [tag, elements] : level.elements_by_tag) {
+        for (const auto& elements : level.elements) {
             whole.elements += elements;
         }
     }

@@ -31,8 +31,11 @@ private:
     // What is kept for each dimension.
     struct Level
     {
+        // Of the entities that stand in the file.
         std::map<int, ElementCounts> elements_by_tag;
+        // Of all entities; the elements of entity `i` at `i - 1`.
         std::map<int, int> ids_by_tag;
+        std::vector<ElementCounts> elements;
     };
 
     struct PhysicalGroup
@@ -49,7 +52,7 @@ private:
     void add_group(const std::vector<PhysicalGroup>& parts);
     void add_groups();
     void add_whole_mesh();
-    void add_members(ModelData::Group& group, const PhysicalGroup& part) const;
+    std::vector<int> ids_in(const PhysicalGroup& group) const;
     static std::vector<PhysicalGroup> physical_groups();
 
     ModelData m_model;

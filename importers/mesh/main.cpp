@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <importers/FileContent.hpp>
 #include <importers/helper/HelperProgram.hpp>
 #include <importers/helper/ImportError.hpp>
 #include <importers/mesh/CadMesher.hpp>
@@ -40,9 +41,10 @@ void import_mesh(
                                         std::to_string(builder.uncounted_elements()) + '.');
         }
         auto model = builder.take_model();
-        if (trusts_scripts) {
+        if (look_at_file(file) == FileContent::GmshScript) {
             add_fields(model);
         }
+        session.end_stages();
         send_model(model, channel);
     } catch (const std::string& error) {
         throw ImportError("it is damaged: " + gmsh_reason(error));

@@ -181,7 +181,7 @@ void tst_EmbeddedGroups::elementCountsEachHaveTheirPlace()
     QCOMPARE(log.take(), QString());
 
     counts.tris = -1;
-    QVERIFY_EXCEPTION_THROWN(kernel.set_element_counts(1, counts), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.set_element_counts(1, counts));
     QVERIFY(contents(1).contains(QStringLiteral("tris 6")));
 }
 
@@ -218,8 +218,8 @@ void tst_EmbeddedGroups::circleOfGroupsIsRefused()
     kernel.add_to_group(2, EntityKind::GROUP, {3});
     NotificationLog log;
 
-    QVERIFY_EXCEPTION_THROWN(kernel.add_to_group(3, EntityKind::GROUP, {1}), std::invalid_argument);
-    QVERIFY_EXCEPTION_THROWN(kernel.add_to_group(1, EntityKind::GROUP, {1}), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.add_to_group(3, EntityKind::GROUP, {1}));
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.add_to_group(1, EntityKind::GROUP, {1}));
     QCOMPARE(log.take(), QString());
     QCOMPARE(contents(3), QString());
 }
@@ -314,12 +314,12 @@ void tst_EmbeddedGroups::nonsenseIsRefused()
     kernel.create_group();
     NotificationLog log;
     using enum EntityKind;
-    QVERIFY_EXCEPTION_THROWN(kernel.add_to_group(2, VERTEX, {1}), std::invalid_argument);
-    QVERIFY_EXCEPTION_THROWN(kernel.add_to_group(1, VERTEX, {1, 2}), std::invalid_argument);
-    QVERIFY_EXCEPTION_THROWN(kernel.add_to_group(1, VERTEX, {1, 1}), std::invalid_argument);
-    QVERIFY_EXCEPTION_THROWN(kernel.remove_from_group(1, VERTEX, {2}), std::invalid_argument);
-    QVERIFY_EXCEPTION_THROWN(kernel.set_element_counts(2, {}), std::invalid_argument);
-    QVERIFY_EXCEPTION_THROWN(kernel.remove(GROUP, 2), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.add_to_group(2, VERTEX, {1}));
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.add_to_group(1, VERTEX, {1, 2}));
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.add_to_group(1, VERTEX, {1, 1}));
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.remove_from_group(1, VERTEX, {2}));
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.set_element_counts(2, {}));
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.remove(GROUP, 2));
     QCOMPARE(log.take(), QString());
     QCOMPARE(contents(1), QString());
 }

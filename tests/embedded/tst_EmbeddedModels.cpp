@@ -311,7 +311,7 @@ void tst_EmbeddedModels::modelThatDoesNotFitTheIdsLeftIsRefused()
     kernel.renumber(EntityKind::VERTEX, 1, std::numeric_limits<int>::max() - 2);
     NotificationLog log;
 
-    QVERIFY_EXCEPTION_THROWN(kernel.import_model(loose_ends()), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.import_model(loose_ends()));
 
     QCOMPARE(entity_counts(), QStringLiteral("0 0 0 0 1"));
     QCOMPARE(log.take(), QString());

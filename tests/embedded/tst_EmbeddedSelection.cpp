@@ -123,8 +123,8 @@ void tst_EmbeddedSelection::unknownEntityIsRefused()
 {
     EmbeddedKernel kernel;
     fill(kernel);
-    QVERIFY_EXCEPTION_THROWN(kernel.select(SURFACE, {1, 7}), std::invalid_argument);
-    QVERIFY_EXCEPTION_THROWN(kernel.deselect(SURFACE, {7}), std::invalid_argument);
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.select(SURFACE, {1, 7}));
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.deselect(SURFACE, {7}));
     QCOMPARE(selection(), QString());
 }
 

@@ -134,8 +134,8 @@ private:
     std::string m_name;
 };
 
-RandomSequence::RandomSequence(unsigned seed)
-    : m_random(seed)
+RandomSequence::RandomSequence(const RandomSource& random)
+    : m_random(random)
     , m_icons(std::make_unique<Icons>())
     , m_model(std::make_unique<EntityModel>())
     , m_interface(std::make_unique<Interface>(m_model.get()))

@@ -4,25 +4,38 @@
 #include "support/ModelSpy.hpp"
 #include "support/TreeReference.hpp"
 
+#include <cstdint>
 #include <memory>
 #include <QStringList>
 #include <random>
+#include <span>
 #include <treemodel/entity/EntityIconFactory.hpp>
 #include <treemodel/entity/EntityItemData.hpp>
 #include <treemodel/entity/EntityModel.hpp>
 #include <treemodel/entity/EntityModelInterface.hpp>
 #include <vector>
 
-/// Random numbers that are the same for one seed on every platform.
+/// Numbers made of bytes, for as long as there are any, and then random ones that are the same
+/// for one seed on every platform.
 class RandomSource
 {
 public:
-    explicit RandomSource(unsigned seed)
+    /// The bytes are not owned.
+    explicit RandomSource(unsigned seed, std::span<const std::uint8_t> bytes = {})
         : m_engine(seed)
+        , m_bytes(bytes)
     {
     }
 
-    int below(int bound) { return int(m_engine() % unsigned(bound)); }
+    int below(int bound)
+    {
+        unsigned number = m_bytes.empty() ? unsigned(m_engine()) : 0;
+        for (unsigned reach = 1; reach < unsigned(bound) && !m_bytes.empty(); reach <<= 8) {
+            number = number << 8 | m_bytes.front();
+            m_bytes = m_bytes.subspan(1);
+        }
+        return int(number % unsigned(bound));
+    }
     bool chance(int percent) { return below(100) < percent; }
 
     template <class Container>
@@ -33,6 +46,7 @@ public:
 
 private:
     std::mt19937 m_engine;
+    std::span<const std::uint8_t> m_bytes;
 };
 
 /// Something that hangs on the model and has to stay right while the model changes.
@@ -54,7 +68,7 @@ public:
 class RandomSequence
 {
 public:
-    explicit RandomSequence(unsigned seed);
+    explicit RandomSequence(const RandomSource& random);
     ~RandomSequence();
 
     EntityModel* model() { return m_model.get(); }

@@ -101,7 +101,7 @@ void random_test::modelAgreesWithReference()
     int told = 0;
     int open = 0;
     for (int seed = first; seed < first + count; ++seed) {
-        RandomSequence sequence{unsigned(seed)};
+        RandomSequence sequence{RandomSource(unsigned(seed))};
         attach(sequence);
         const QString report = sequence.run(steps);
         if (!report.isEmpty()) {

@@ -1,4 +1,5 @@
 #include "ImportLog.hpp"
+#include "TestFiles.hpp"
 
 #include <algorithm>
 #include <map>
@@ -22,47 +23,6 @@ namespace {
 QString example(const QString& name)
 {
     return QStringLiteral(EXAMPLE_MODELS_DIR "/") + name;
-}
-
-QByteArray content_of(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        qFatal("cannot read %s", qPrintable(path));
-    }
-    return file.readAll();
-}
-
-QString counts(const ModelData& model)
-{
-    return QStringLiteral("%1 bodies, %2 volumes, %3 surfaces, %4 curves, %5 vertices, %6 groups")
-        .arg(model.bodies.size())
-        .arg(model.volumes.size())
-        .arg(model.surfaces.size())
-        .arg(model.curves.size())
-        .arg(model.vertices.size())
-        .arg(model.groups.size());
-}
-
-/// How many entities of a kind have how many parents: "2:16 1:7".
-template <typename Parents, typename Children>
-QString parent_counts(const Parents& parents, const Children& children)
-{
-    std::vector<int> uses(children.size());
-    for (const auto& parent : parents) {
-        for (const int id : parent.children) {
-            ++uses.at(static_cast<std::size_t>(id) - 1);
-        }
-    }
-    std::map<int, int> totals;
-    for (const int count : uses) {
-        ++totals[count];
-    }
-    QStringList words;
-    for (const auto& [count, entities] : totals) {
-        words << QStringLiteral("%1:%2").arg(count).arg(entities);
-    }
-    return words.join(QLatin1Char(' '));
 }
 
 /// The tree of groups, a line for each group and body, two blanks for each level.
@@ -144,7 +104,7 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QFETCH(QString, expected);
 
-        QCOMPARE(counts(imported(example(name))), expected);
+        QCOMPARE(entity_counts(imported(example(name))), expected);
     }
 
     void formatIsFoundUnderAnyName_data()
@@ -171,9 +131,9 @@ private Q_SLOTS:
         QFETCH(QString, source);
         QFETCH(QString, name);
 
-        const auto model = imported(write(name, content_of(example(source))));
+        const auto model = imported(write_file(m_folder, name, content_of(example(source))));
 
-        QCOMPARE(counts(model), counts(imported(example(source))));
+        QCOMPARE(entity_counts(model), entity_counts(imported(example(source))));
     }
 
     void fileIsFoundFromTheCurrentFolder()
@@ -191,16 +151,9 @@ private Q_SLOTS:
     {
         m_log->import(example("roof.step"));
 
-        QStringList stages;
-        for (const auto& line : m_log->lines()) {
-            const auto stage = line.section(' ', 1, -2);
-            if (line.startsWith("progress") && (stages.isEmpty() || stages.last() != stage)) {
-                stages << stage;
-            }
-        }
-        QCOMPARE(
-            stages, QStringList({"Reading the file", "Checking the data", "Building the shapes",
-                        "Collecting the entities", "Handing over the model"}));
+        QCOMPARE(m_log->stages(),
+            QStringList({"Reading the file", "Checking the data", "Building the shapes",
+                "Collecting the entities", "Handing over the model"}));
     }
 
     void assemblyBecomesGroupsUnderTheirInstanceNames()
@@ -275,7 +228,7 @@ private Q_SLOTS:
         step.replace("EDGE_CURVE(''", "EDGE_CURVE('#12'");
         step.replace("VERTEX_POINT(''", "VERTEX_POINT('NONE'");
 
-        const auto model = imported(write("named.step", step));
+        const auto model = imported(write_file(m_folder, "named.step", step));
 
         QCOMPARE(model.surfaces[0].name, std::string("vault"));
         QCOMPARE(model.surfaces[1].name, std::string("vault"));
@@ -292,7 +245,7 @@ private Q_SLOTS:
         QVERIFY(step.contains(",'Base plate','',"));
         step.replace(",'Base plate','',", ",'','',");
 
-        const auto model = imported(write("unnamed.step", step));
+        const auto model = imported(write_file(m_folder, "unnamed.step", step));
 
         QCOMPARE(model.bodies[0].name, std::string("Plate 600x300"));
     }
@@ -302,7 +255,7 @@ private Q_SLOTS:
         auto step = content_of(example("pump_station.step"));
         step.replace("Geh\u00e4use", R"(O''Brien \X2\00D8\X0\)");
 
-        const auto model = imported(write("coded.step", step));
+        const auto model = imported(write_file(m_folder, "coded.step", step));
 
         QCOMPARE(model.bodies[1].name, std::string("O'Brien \u00d8"));
     }
@@ -312,7 +265,7 @@ private Q_SLOTS:
         auto step = content_of(example("roof.step"));
         step.replace("(#11,#169,#177)", "(#11)");
 
-        m_log->import(write("gap.step", step));
+        m_log->import(write_file(m_folder, "gap.step", step));
 
         QCOMPARE(warnings(), QStringList{"The part \"Guide lines\" has no geometry of its own and "
                                          "was left out."});
@@ -324,11 +277,11 @@ private Q_SLOTS:
         auto step = content_of(example("roof.step"));
         step.replace("ENDSEC;\nEND-ISO", "#9000=COLOUR_RGB('',1.,'x',0.);\nENDSEC;\nEND-ISO");
 
-        const auto model = imported(write("coloured.step", step));
+        const auto model = imported(write_file(m_folder, "coloured.step", step));
 
         QCOMPARE(
             warnings(), QStringList{"Damaged records about colours or views were ignored: 1."});
-        QCOMPARE(counts(model), counts(imported(example("roof.step"))));
+        QCOMPARE(entity_counts(model), entity_counts(imported(example("roof.step"))));
     }
 
     void uselessFileBecomesASentence_data()
@@ -365,15 +318,15 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, bytes);
         QFETCH(QString, reason);
-        const auto path = write("useless.step", bytes);
+        const auto path = write_file(m_folder, "useless.step", bytes);
 
         m_log->import(path);
 
         QCOMPARE(m_log->last(), QStringLiteral("finished: Failed"));
         const auto beginning = QStringLiteral("Cannot import \"%1\": %2").arg(path, reason);
         QVERIFY2(m_job->error_text().startsWith(beginning), qPrintable(m_job->error_text()));
-        QVERIFY2(is_sentence(m_job->error_text()), qPrintable(m_job->error_text()));
-        QCOMPARE(counts(m_job->take_model()), counts({}));
+        QVERIFY2(ImportLog::is_sentence(m_job->error_text()), qPrintable(m_job->error_text()));
+        QCOMPARE(entity_counts(m_job->take_model()), entity_counts({}));
     }
 
     void placeWithoutAFileBecomesASentence_data()
@@ -415,12 +368,13 @@ private Q_SLOTS:
                 bytes[random.bounded(bytes.size())] = static_cast<char>(random.bounded(256));
             }
 
-            m_log->import(write("damaged", bytes));
+            m_log->import(write_file(m_folder, "damaged", bytes));
 
             ++outcomes[m_log->last()];
             if (m_log->last() == "finished: Failed") {
-                QVERIFY2(is_sentence(m_job->error_text()), qPrintable(m_job->error_text()));
-                QCOMPARE(counts(m_job->take_model()), counts({}));
+                QVERIFY2(
+                    ImportLog::is_sentence(m_job->error_text()), qPrintable(m_job->error_text()));
+                QCOMPARE(entity_counts(m_job->take_model()), entity_counts({}));
             } else {
                 QVERIFY(!m_job->take_model().vertices.empty());
             }
@@ -432,35 +386,8 @@ private Q_SLOTS:
     }
 
 private:
-    static bool is_sentence(const QString& text)
-    {
-        return text.startsWith("Cannot import \"") && text.endsWith('.') && !text.endsWith("..") &&
-               !text.contains('\n');
-    }
-
-    QStringList warnings() const
-    {
-        auto lines = m_log->lines().filter(QRegularExpression("^warning: "));
-        return lines.replaceInStrings(QRegularExpression("^warning: "), {});
-    }
-
-    ModelData imported(const QString& path)
-    {
-        m_log->import(path);
-        if (m_log->last() != "finished: Succeeded") {
-            qWarning("%s", qPrintable(m_job->error_text()));
-        }
-        return m_job->take_model();
-    }
-
-    QString write(const QString& name, const QByteArray& bytes) const
-    {
-        QFile file(m_folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) {
-            qFatal("cannot write %s", qPrintable(file.fileName()));
-        }
-        return file.fileName();
-    }
+    QStringList warnings() const { return m_log->warnings(); }
+    ModelData imported(const QString& path) { return m_log->imported(path); }
 
     QTemporaryDir m_folder;
     std::unique_ptr<ImportJob> m_job;

@@ -36,6 +36,20 @@ private Q_SLOTS:
         row("iges with zeros", "a.stp", iges_line({}, 'S', "0000001"), FileContent::Iges);
         row("brep", "a.brep", "DBRep_DrawableShape\n\nCASCADE Topology V1", FileContent::Brep);
         row("brep of one shape", "a.txt", "\nCASCADE Topology V3, (c)", FileContent::Brep);
+        row("msh", "a.step", "$MeshFormat\n4.1 0 8\n", FileContent::Msh);
+        row("msh in a script's name", "a.geo", "$MeshFormat\n4.1 0 8\n", FileContent::Msh);
+        row("medit", "a.mesh", " MeshVersionFormatted 2\n", FileContent::Medit);
+        row("medit after comments", "a.mesh", "# by hand\n\n# again\nMeshVersionFormatted 1",
+            FileContent::Medit);
+        row("vtk", "a.vtk", "# vtk DataFile Version 3.0\n", FileContent::Vtk);
+        row("nastran", "a.bdf", "$ by hand\nGRID,1,0,0.,0.,0.\n", FileContent::Nastran);
+        row("nastran with a mark", "a.nas", "BEGIN BULK\nGRID*", FileContent::Nastran);
+        row("script", "a.geo", "Point(1) = {0, 0, 0};\n", FileContent::GmshScript);
+        row("written script", "a.geo_unrolled", "cl__1 = 1;\n", FileContent::GmshScript);
+        row("script in another name", "a.msh", "Point(1) = {0, 0, 0};\n", FileContent::Foreign);
+        row("no text in a script's name", "a.geo", QByteArray("P\0", 2), FileContent::Foreign);
+        row("nothing in a script's name", "a.geo", "", FileContent::Empty);
+        row("nothing but comments", "a.mesh", "# a\n# b", FileContent::Foreign);
         row("nothing", "a.step", "", FileContent::Empty);
         row("text", "a.step", "this is not a step file\n", FileContent::Foreign);
         row("part of the mark", "a.step", "ISO-10303", FileContent::Foreign);
@@ -91,6 +105,10 @@ private Q_SLOTS:
         row("brep that stops after a shape", FileContent::Brep, "+2 0 *\n", false);
         row("brep without shapes", FileContent::Brep, "TShapes 0\n+1 0\n", false);
         row("nothing", FileContent::Brep, "", false);
+        row("msh", FileContent::Msh, filling + "\n$EndElements\n\n", true);
+        row("msh that stops", FileContent::Msh, "$Elements\n12\n1 2 3\n", false);
+        row("msh that stops in its end", FileContent::Msh, "1 2 3\n$En", false);
+        row("vtk, which has no end", FileContent::Vtk, "# vtk\n1 2", true);
     }
 
     void missingEndIsNoticed()

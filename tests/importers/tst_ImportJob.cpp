@@ -1,4 +1,5 @@
 #include "ImportLog.hpp"
+#include "TestFiles.hpp"
 
 #include <csignal>
 #include <memory>
@@ -307,6 +308,57 @@ private Q_SLOTS:
             sentence("the program treemodel-import-cad, which reads such files, is missing"));
     }
 
+    // As where the program was built without Gmsh.
+    void missingHelperForMeshesBecomesASentence()
+    {
+        const auto mesh = write_file(m_folder, "a.msh", "$MeshFormat\n2.2 0 8\n$EndMeshFormat\n");
+
+        m_log->import(mesh);
+
+        QCOMPARE(m_log->lines(), QStringList{"finished: Failed"});
+        QCOMPARE(m_job->error_text(),
+            QStringLiteral("Cannot import \"%1\": the program treemodel-import-mesh, which reads "
+                           "such files, is missing.")
+                .arg(mesh));
+    }
+
+    void resultThatIsNoModelBecomesASentence_data()
+    {
+        QTest::addColumn<int>("kind");
+
+        QTest::newRow("unfinished mesh") << int(FrameKind::UnfinishedMesh);
+        QTest::newRow("mesh") << int(FrameKind::Mesh);
+    }
+
+    void resultThatIsNoModelBecomesASentence()
+    {
+        QFETCH(int, kind);
+
+        m_log->import(script({QStringLiteral("frame %1 text").arg(kind), "hang"}));
+
+        QCOMPARE(
+            m_job->error_text(), sentence("the program that reads it sent something unreadable"));
+    }
+
+    void nextImportMayBeginWhenTheHelperHasEndedAlready()
+    {
+        const auto path = script({"sleep 50", "model Plate"});
+        bool is_first = true;
+        connect(m_job.get(), &ImportJob::finished, this, [&] {
+            if (std::exchange(is_first, false)) {
+                m_job->start(path);
+            }
+        });
+        m_job->start(path);
+        QTRY_VERIFY(QFile::exists(path + ".pid"));
+        // The end of the program and its last words come at once.
+        QTest::qSleep(300);
+
+        m_log->wait();
+
+        QCOMPARE(m_log->lines(), QStringList({"finished: Succeeded", "finished: Succeeded"}));
+    }
+
     void helperThatDoesNotStartBecomesASentence()
     {
         QTemporaryDir folder;
@@ -345,12 +397,8 @@ private:
     // The file that the helper is given, made of commands for it.
     QString script(const QStringList& commands) const
     {
-        QFile file(script_file());
-        if (!file.open(QIODevice::WriteOnly)) {
-            qFatal("cannot write %s", qPrintable(file.fileName()));
-        }
-        file.write("ISO-10303-21;\n" + commands.join(QLatin1Char('\n')).toUtf8() + '\n');
-        return file.fileName();
+        return write_file(m_folder, "script.step",
+            "ISO-10303-21;\n" + commands.join(QLatin1Char('\n')).toUtf8() + '\n');
     }
 
     QString sentence(const QString& reason) const

@@ -398,7 +398,7 @@ void tst_boundary_condition_notifications::removedSetEndsItsLinksInSilence()
     mirror->observer().notify_exodus_entity_modified("sideset", 4, "delete");
     QCOMPARE(mirror->log.take(), QStringList({"exodus_entity_removed(sideset 4)",
                                      "sideset 4: treedata_destroyed(sideset 4)"}));
-    QCOMPARE(mirror_text(mirror->model).last(), "force 1 'Force'");
+    QCOMPARE(mirror_text(mirror->model).constLast(), "force 1 'Force'");
 }
 
 void tst_boundary_condition_notifications::visibilityIsNotRead()
@@ -444,7 +444,7 @@ void tst_boundary_condition_notifications::fluidModificationReplacesAnotherKind(
             {"cfd_bc_removed(wall 1)", "cfd_bc_added(axis 1)", "get_exodus_entity_name(wall, 1)",
                 "wall 1: name_changed(Duct)", "get_sideset_id_list_for_bc(32, 1)",
                 "exodus_added_to_cfd_bc(wall 1, sideset 4)", "get_nodeset_id_list_for_bc(32, 1)"}));
-    QCOMPARE(mirror_text(mirror->model).last(), "axis 1 'cfd_bc'");
+    QCOMPARE(mirror_text(mirror->model).constLast(), "axis 1 'cfd_bc'");
     QCOMPARE(mirror->model.cfd_bcs(TreeCfdBCData::WALL).size(), 0U);
 }
 
@@ -457,7 +457,7 @@ void tst_boundary_condition_notifications::replacementIsReadWithTheNextModificat
     mirror->observer().notify_bc_modified("axis", 1, "modify");
     mirror->log.take();
     mirror->observer().notify_bc_modified("axis", 1, "modify");
-    QCOMPARE(mirror_text(mirror->model).last(), "axis 1 'Middle' > sideset 5");
+    QCOMPARE(mirror_text(mirror->model).constLast(), "axis 1 'Middle' > sideset 5");
 }
 
 void tst_boundary_condition_notifications::outgoingConditionLeavesNoLinkBehind()

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void lostRecordsGoByAscendingIdAndTypeByType();
     void unknownOrRepeatedFreeIdsArePassedOver();
     void freeEntityWithAParentStays();
+    void modifiedEntityMayBeRemovedByWhoHearsOfIt();
 
 private:
     KIObserve& observer() { return mirror->observer(); }
@@ -486,6 +487,26 @@ void tst_geometry_notifications::freeEntityWithAParentStays()
     mirror->kernel.free_entities["surface"] = {5};
     observer().notify_free_entities_changed();
     QVERIFY(find(TreeGeometryData::SURFACE, 5));
+}
+
+void tst_geometry_notifications::modifiedEntityMayBeRemovedByWhoHearsOfIt()
+{
+    mirror->kernel.relate("volume", 2, "surface", {5});
+    connect(
+        &mirror->model, &TreeModel::geometry_added, &mirror->model, [this](TreeGeometryData* geom) {
+            if (geom->geometry_type() == TreeGeometryData::VOLUME) {
+                observer().notify_volume_deleted(geom->id());
+            } else {
+                observer().notify_surface_deleted(geom->id());
+            }
+        });
+
+    observer().notify_volume_modified(2);
+    observer().notify_surface_modified(5);
+
+    QCOMPARE(mirror->log.take_only({"geometry_", "get_relatives"}),
+        QStringList({"geometry_added(volume 2, null)", "geometry_removed(volume 2)",
+            "geometry_added(surface 5, null)", "geometry_removed(surface 5)"}));
 }
 
 QTEST_GUILESS_MAIN(tst_geometry_notifications)

@@ -140,7 +140,7 @@ void tst_group_refresh::membersAreLookedUpInTheGeometryOfTheSameRefresh()
     mirror->kernel.groups = {{"", 1}};
     mirror->kernel.group_contents = {{1, {{{{}, {}, {}, {4, 5}, {}, {}}}, {}}}};
     mirror->refresh();
-    QCOMPARE(mirror_text(mirror->model).last(), "group 1 'Entity 1' > surface 4");
+    QCOMPARE(mirror_text(mirror->model).constLast(), "group 1 'Entity 1' > surface 4");
 }
 
 void tst_group_refresh::selectedGroupsAloneAreReported()

@@ -375,7 +375,7 @@ void tst_kernel_failures::exceptionPassesThroughAtAnyEvent()
         prepare(mirror);
         mirror.log.interrupt(i, [] { throw KernelFailure("at this event"); });
 
-        QVERIFY_EXCEPTION_THROWN(run(mirror), KernelFailure);
+        QVERIFY_THROWS_EXCEPTION(KernelFailure, run(mirror));
 
         const QString difference = difference_after_refresh(mirror);
         QVERIFY2(difference.isEmpty(),

@@ -170,7 +170,7 @@ void tst_select_command::wordsComeInTheirOrderWhateverTheRecordsDo()
 
 QString tst_select_command::ids_by_address(Records records)
 {
-    std::sort(records.begin(), records.end(), std::less<TreeData*>());
+    std::sort(records.begin(), records.end(), std::less<>());
     QString ids;
     for (TreeData* record : records) {
         ids += QString("%1 ").arg(record->id());
@@ -303,7 +303,7 @@ void tst_select_command::refusalIsIgnored()
 void tst_select_command::exceptionPassesThrough()
 {
     mirror->kernel.throw_at_call(0);
-    QVERIFY_EXCEPTION_THROWN(mirror->model.select_entities({}, true), KernelFailure);
+    QVERIFY_THROWS_EXCEPTION(KernelFailure, mirror->model.select_entities({}, true));
     mirror->log.take();
     QCOMPARE(sent(find("group")), "silent_cmd(select group 2 )");
 }

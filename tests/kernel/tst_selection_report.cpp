@@ -277,7 +277,7 @@ void tst_selection_report::nestedReportEndsTheBlock()
 void tst_selection_report::exceptionLeavesTheBlockInPlace()
 {
     mirror->log.interrupt(0, [] { throw KernelFailure("in a receiver"); });
-    QVERIFY_EXCEPTION_THROWN(report({{"group", 3}}), KernelFailure);
+    QVERIFY_THROWS_EXCEPTION(KernelFailure, report({{"group", 3}}));
     mirror->log.take();
     mirror->model.select_entities({}, true);
     QCOMPARE(mirror->log.take(), QStringList());
@@ -286,7 +286,7 @@ void tst_selection_report::exceptionLeavesTheBlockInPlace()
 void tst_selection_report::laterReportEndsTheBlock()
 {
     mirror->log.interrupt(0, [] { throw KernelFailure("in a receiver"); });
-    QVERIFY_EXCEPTION_THROWN(report({{"group", 3}}), KernelFailure);
+    QVERIFY_THROWS_EXCEPTION(KernelFailure, report({{"group", 3}}));
     report({{"group", 3}});
     mirror->model.select_entities({}, true);
     QCOMPARE(mirror->log.take(), QStringList("silent_cmd(select none)"));

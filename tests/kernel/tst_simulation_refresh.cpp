@@ -130,8 +130,9 @@ void tst_simulation_refresh::emptyKernelEndsEverything()
     QCOMPARE(events.filter("_removed(").size(), 6 + 6 + 2);
     QVERIFY(events.filter("_added(").isEmpty());
     QVERIFY2(events.filter("exodus_removed_from").isEmpty(), "links end in silence");
-    QCOMPARE(mirror_text(mirror->model).last(), "mesh records: edge, hex, node, pyramid, quad, "
-                                                "sphere, tet, tet, tri, wedge");
+    QCOMPARE(mirror_text(mirror->model).constLast(),
+        "mesh records: edge, hex, node, pyramid, quad, "
+        "sphere, tet, tet, tri, wedge");
 }
 
 void tst_simulation_refresh::setsAreAddedAndReadInTheKernelsOrder()
@@ -380,7 +381,7 @@ void tst_simulation_refresh::selectionOfTheDomainGoesOutTogether()
     mirror->materials.materials = {{1, false}};
     mirror->kernel.selection = {
         {"wall", 3}, {"material", 1}, {"block", 1}, {"force", 2}, {"surface", 1}};
-    QCOMPARE(refresh().last(), "selection_changed([wall 3, block 1, force 2], true)");
+    QCOMPARE(refresh().constLast(), "selection_changed([wall 3, block 1, force 2], true)");
 }
 
 QTEST_GUILESS_MAIN(tst_simulation_refresh)

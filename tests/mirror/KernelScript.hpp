@@ -1,15 +1,13 @@
 #pragma once
 
-#include <cstdint>
-#include <embedded/EmbeddedKernel.hpp>
+#include "KernelRunner.hpp"
+
 #include <functional>
-#include <map>
 #include <QStringList>
 #include <vector>
 
-/// A sequence of operations on an embedded kernel, drawn from a seed. A step is read
-/// against the kernel that it meets, so any part of a script is a script too; one
-/// that makes no sense there is refused by the kernel and changes nothing.
+/// A sequence of operations on an embedded kernel, drawn from a seed. Any part of a script is
+/// a script too.
 class KernelScript
 {
 public:
@@ -28,15 +26,6 @@ public:
     int length() const { return int(m_steps.size()); }
 
 private:
-    struct Step
-    {
-        std::uint32_t operation;
-        std::uint32_t kind;
-        std::uint32_t first;
-        std::uint32_t second;
-    };
-    class Runner;
-
-    std::vector<Step> m_steps;
+    std::vector<KernelStep> m_steps;
     mutable QStringList m_done;
 };

@@ -117,7 +117,7 @@ void tst_LinksOfDyingRecords::removedGeometryKeepsNoLinkIfAReceiverThrows()
             geometry->associate_geometry(volume, surface);
             throw std::runtime_error("receiver");
         });
-    QVERIFY_EXCEPTION_THROWN(geometry->remove_geometry(VOLUME, 2), std::runtime_error);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, geometry->remove_geometry(VOLUME, 2));
     QVERIFY(geometry->find_geometry_parents(surface).empty());
 }
 
@@ -189,7 +189,7 @@ void tst_LinksOfDyingRecords::removedGroupKeepsNoMemberIfAReceiverThrows()
         groups->add_group_child(lid, surface);
         throw std::runtime_error("receiver");
     });
-    QVERIFY_EXCEPTION_THROWN(groups->remove_group(1), std::runtime_error);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, groups->remove_group(1));
     QVERIFY(groups->find_groups_for_child(surface).empty());
 }
 
@@ -259,8 +259,8 @@ void tst_LinksOfDyingRecords::removedConditionKeepsNoEntityIfAReceiverThrows()
             simulation->cfd_add_exodus(wall, sideset);
             throw std::runtime_error("receiver");
         });
-    QVERIFY_EXCEPTION_THROWN(simulation->remove_fea_bc(FORCE, 1), std::runtime_error);
-    QVERIFY_EXCEPTION_THROWN(simulation->remove_cfd_bc(1), std::runtime_error);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, simulation->remove_fea_bc(FORCE, 1));
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, simulation->remove_cfd_bc(1));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     QVERIFY(simulation->find_fea_from_exodus(sideset).empty());
     QVERIFY(simulation->find_cfd_from_exodus(sideset).empty());

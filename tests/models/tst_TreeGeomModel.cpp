@@ -896,7 +896,7 @@ void tst_TreeGeomModel::receiverThatThrowsOnAdditionLeavesTheRecord()
     TreeGeometryData* volume = model->add_geometry(VOLUME, 2, nullptr);
     once(&TreeGeomModel::geometry_added, [] { throw std::runtime_error("added"); });
 
-    QVERIFY_EXCEPTION_THROWN(model->add_geometry(SURFACE, 5, volume), std::runtime_error);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, model->add_geometry(SURFACE, 5, volume));
 
     QCOMPARE(names_of(model->geometry_data(SURFACE)), QStringList("surface 5"));
     QCOMPARE(names_of(model->find_geometry_children(volume)), QStringList("surface 5"));
@@ -908,7 +908,7 @@ void tst_TreeGeomModel::receiverThatThrowsOnRemovalLeavesNoRecord()
     log.take();
     once(&TreeGeomModel::geometry_removed, [] { throw std::runtime_error("removed"); });
 
-    QVERIFY_EXCEPTION_THROWN(model->remove_geometry(SURFACE, 5), std::runtime_error);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, model->remove_geometry(SURFACE, 5));
 
     QVERIFY2(log.take() == QStringList({"geometry_removed(surface 5)",
                                "surface 5: treedata_destroyed(surface 5)"}),
@@ -921,7 +921,7 @@ void tst_TreeGeomModel::receiverThatThrowsOnClearLeavesAll()
     model->add_geometry(SURFACE, 5, nullptr);
     once(&TreeGeomModel::about_to_clear, [] { throw std::runtime_error("clear"); });
 
-    QVERIFY_EXCEPTION_THROWN(model->clear(), std::runtime_error);
+    QVERIFY_THROWS_EXCEPTION(std::runtime_error, model->clear());
 
     QCOMPARE(names_of(model->geometry_data(SURFACE)), QStringList("surface 5"));
 }

@@ -51,10 +51,12 @@ bool TreeReference::addEntity(Node* parent, Node* child)
         return false;
     }
     const int row = insert_row(target, child);
-    if (row == already_there)
+    if (row == already_there) {
         return true;
-    if (!is_hidden(target))
+    }
+    if (!is_hidden(target)) {
         m_events.push_back({ModelEvent::Inserted, key(target), row, row});
+    }
     place(target, row, child);
     return true;
 }
@@ -62,24 +64,27 @@ bool TreeReference::addEntity(Node* parent, Node* child)
 bool TreeReference::moveEntity(Node* node, Node* new_parent)
 {
     Node* target = new_parent ? new_parent : &m_root;
-    if (node && node->parent == target)
+    if (node && node->parent == target) {
         return true;
+    }
     const bool known = node && (is_visible(node) || is_hidden(node)) && new_parent &&
                        (is_visible(new_parent) || is_hidden(new_parent));
-    if (!known || target->order == NoList)
+    if (!known || target->order == NoList) {
         return false;
+    }
 
     const bool from_view = is_visible(node);
     const bool to_view = is_visible(target);
     const int old_row = from_view ? row(node) : -1;
     const void* source = from_view ? key(node->parent) : nullptr;
     const int new_row = insert_row(target, node);
-    if (from_view && to_view)
+    if (from_view && to_view) {
         m_events.push_back({ModelEvent::Moved, source, old_row, old_row, key(target), new_row});
-    else if (from_view)
+    } else if (from_view) {
         m_events.push_back({ModelEvent::Removed, source, old_row, old_row});
-    else if (to_view)
+    } else if (to_view) {
         m_events.push_back({ModelEvent::Inserted, key(target), new_row, new_row});
+    }
     take_out(node);
     place(target, new_row, node);
     return false;
@@ -87,10 +92,12 @@ bool TreeReference::moveEntity(Node* node, Node* new_parent)
 
 bool TreeReference::removeEntity(Node* node)
 {
-    if (!node || !(is_visible(node) || is_hidden(node)))
+    if (!node || !(is_visible(node) || is_hidden(node))) {
         return false;
-    if (is_visible(node))
+    }
+    if (is_visible(node)) {
         m_events.push_back({ModelEvent::Removed, key(node->parent), row(node), row(node)});
+    }
     take_out(node);
     destroy(node);
     return true;
@@ -98,8 +105,9 @@ bool TreeReference::removeEntity(Node* node)
 
 void TreeReference::updateEntity(Node* node)
 {
-    if (!node || !is_visible(node))
+    if (!node || !is_visible(node)) {
         return;
+    }
     Node* parent = node->parent;
     const int old_row = row(node);
     const int new_row = updated_row(node);
@@ -114,8 +122,9 @@ void TreeReference::updateEntity(Node* node)
 
 void TreeReference::hideCategory(Node* node)
 {
-    if (!node || node->parent != &m_root)
+    if (!node || node->parent != &m_root) {
         return;
+    }
     m_events.push_back({ModelEvent::Removed, nullptr, row(node), row(node)});
     take_out(node);
     m_hidden.push_back(node);
@@ -123,16 +132,19 @@ void TreeReference::hideCategory(Node* node)
 
 void TreeReference::showCategory(Node* node)
 {
-    if (node && std::erase(m_hidden, node) > 0)
+    if (node && std::erase(m_hidden, node) > 0) {
         addEntity(nullptr, node);
+    }
 }
 
 void TreeReference::clearCategory(Node* node)
 {
-    if (!node || node->children.empty() || !(is_visible(node) || is_hidden(node)))
+    if (!node || node->children.empty() || !(is_visible(node) || is_hidden(node))) {
         return;
-    if (is_visible(node))
+    }
+    if (is_visible(node)) {
         m_events.push_back({ModelEvent::Removed, key(node), 0, int(node->children.size()) - 1});
+    }
     while (!node->children.empty()) {
         Node* child = node->children.back();
         take_out(child);
@@ -148,14 +160,16 @@ void TreeReference::clear()
         take_out(child);
         destroy(child);
     }
-    for (Node* node : std::exchange(m_hidden, {}))
+    for (Node* node : std::exchange(m_hidden, {})) {
         destroy(node);
+    }
 }
 
 void TreeReference::sort(int column, bool ascending)
 {
-    if (column == m_column && ascending == m_ascending)
+    if (column == m_column && ascending == m_ascending) {
         return;
+    }
     m_column = column;
     m_ascending = ascending;
     sort_children(&m_root);
@@ -169,8 +183,9 @@ std::vector<ModelEvent> TreeReference::take_events()
 std::vector<TreeReference::Node*> TreeReference::nodes() const
 {
     std::vector<Node*> result;
-    for (const auto& node : m_nodes)
+    for (const auto& node : m_nodes) {
         result.push_back(node.get());
+    }
     return result;
 }
 
@@ -178,8 +193,9 @@ std::vector<TreeReference::Node*> TreeReference::outside() const
 {
     std::vector<Node*> result;
     for (const auto& node : m_nodes) {
-        if (!node->parent && !is_hidden(node.get()))
+        if (!node->parent && !is_hidden(node.get())) {
             result.push_back(node.get());
+        }
     }
     return result;
 }
@@ -191,15 +207,17 @@ bool TreeReference::is_visible(const Node* node) const
 
 bool TreeReference::is_hidden(const Node* node) const
 {
-    while (node->parent)
+    while (node->parent) {
         node = node->parent;
+    }
     return std::find(m_hidden.begin(), m_hidden.end(), node) != m_hidden.end();
 }
 
 bool TreeReference::is_under(const Node* node, const Node* ancestor) const
 {
-    while (node && node != ancestor)
+    while (node && node != ancestor) {
         node = node->parent;
+    }
     return node == ancestor;
 }
 
@@ -211,13 +229,15 @@ int TreeReference::row(const Node* node)
 
 const TreeReference::Node* TreeReference::next(const Node* node, const Node* top)
 {
-    if (!node->children.empty())
+    if (!node->children.empty()) {
         return node->children.front();
+    }
     for (; node != top; node = node->parent) {
         const auto& rows = node->parent->children;
         const size_t after = size_t(row(node)) + 1;
-        if (after < rows.size())
+        if (after < rows.size()) {
             return rows[after];
+        }
     }
     return nullptr;
 }
@@ -241,10 +261,12 @@ bool TreeReference::goes_before(const Node* a, const Node* b, Order order) const
     }
     const auto name = [](const Facts& facts) { return facts.shown().toStdU16String(); };
     const auto precedes = [&](const Facts& first, const Facts& second) {
-        if (m_column == 0)
+        if (m_column == 0) {
             return name(first) < name(second);
-        if (order == NameOrId)
+        }
+        if (order == NameOrId) {
             return std::tuple(first.id, name(first)) < std::tuple(second.id, name(second));
+        }
         return std::tuple(first.type, first.id) < std::tuple(second.type, second.id);
     };
     return m_ascending ? precedes(left, right) : precedes(right, left);
@@ -262,8 +284,9 @@ bool TreeReference::is_noticed(const Node* node) const
 int TreeReference::insert_row(const Node* target, const Node* node)
 {
     const int count = int(target->children.size());
-    if (target->order == Insertion)
+    if (target->order == Insertion) {
         return count;
+    }
     bool told = true;
     const int row = lower_bound(target->children, node, target->order, 0, count, told);
     if (!told) {
@@ -278,8 +301,9 @@ int TreeReference::updated_row(const Node* node)
 {
     const Node* parent = node->parent;
     const int old_row = row(node);
-    if (parent->order != NameOrId && parent->order != NameOrTypeId)
+    if (parent->order != NameOrId && parent->order != NameOrTypeId) {
         return old_row;
+    }
 
     const auto& rows = parent->children;
     const int count = int(rows.size());
@@ -304,36 +328,45 @@ int TreeReference::lower_bound(const std::vector<Node*>& nodes, const Node* node
     int first, int last, bool& told) const
 {
     int row = first;
-    while (row < last && goes_before(nodes[row], node, order))
+    while (row < last && goes_before(nodes[row], node, order)) {
         ++row;
-    for (int later = row; later < last; ++later)
+    }
+    for (int later = row; later < last; ++later) {
         told = told && !goes_before(nodes[later], node, order);
+    }
     return row;
 }
 
 void TreeReference::sort_children(Node* node)
 {
-    if (node->children.empty())
+    if (node->children.empty()) {
         return;
+    }
     m_events.push_back({ModelEvent::LaidOut, key(node)});
     if (node->order == NameOrId || node->order == NameOrTypeId) {
         std::vector<Node*> sorted;
-        for (int row = 0; row < node->item->childCount(); ++row)
+        sorted.reserve(node->children.size());
+        for (int row = 0; row < node->item->childCount(); ++row) {
             sorted.push_back(find(node->item->getChild(row)));
+        }
         const bool same = std::is_permutation(
             sorted.begin(), sorted.end(), node->children.begin(), node->children.end());
-        if (!same)
+        if (!same) {
             m_fault = "a sort changed which rows stand under " + node->label;
+        }
         for (size_t row = 1; same && row < sorted.size(); ++row) {
-            if (goes_before(sorted[row], sorted[row - 1], node->order))
+            if (goes_before(sorted[row], sorted[row - 1], node->order)) {
                 m_fault = QString("a sort left %1 behind %2")
                               .arg(sorted[row]->label, sorted[row - 1]->label);
+            }
         }
-        if (same)
+        if (same) {
             node->children = sorted;
+        }
     }
-    for (Node* child : node->children)
+    for (Node* child : node->children) {
         sort_children(child);
+    }
 }
 
 const void* TreeReference::key(const Node* node) const
@@ -354,9 +387,10 @@ void TreeReference::place(Node* target, int row, Node* node)
 
 void TreeReference::take_out(Node* node)
 {
-    if (node->parent)
+    if (node->parent) {
         std::erase(node->parent->children, node);
-    else
+    } else {
         std::erase(m_hidden, node);
+    }
     node->parent = nullptr;
 }

@@ -6,6 +6,14 @@
 
 using Type = TreeGeometryData::GeometryType;
 
+/// As a subclass sees the record.
+class LabelledRecord : public TreeGeometryData
+{
+public:
+    using TreeGeometryData::base_name;
+    using TreeGeometryData::TreeGeometryData;
+};
+
 class tst_TreeGeometryData : public QObject
 {
     Q_OBJECT
@@ -22,6 +30,7 @@ private Q_SLOTS:
     void unknownWordLeavesTheTypeAlone();
 
     void newRecordIsPlain();
+    void labelIsTheTypeAloneWithABlank();
     void virtualMarkFollowsTheFlag_data();
     void virtualMarkFollowsTheFlag();
     void becomingVirtualMarksTheOwnName();
@@ -133,6 +142,14 @@ void tst_TreeGeometryData::newRecordIsPlain()
     QVERIFY(!surface->is_virtual());
     QVERIFY(surface->is_visible());
     QCOMPARE(surface->name(), "Surface 4");
+}
+
+void tst_TreeGeometryData::labelIsTheTypeAloneWithABlank()
+{
+    LabelledRecord record(TreeGeometryData::SURFACE, 7);
+    record.set_name("Lid");
+    record.set_virtual(true);
+    QCOMPARE(record.base_name(), "Surface ");
 }
 
 void tst_TreeGeometryData::virtualMarkFollowsTheFlag_data()

@@ -25,5 +25,6 @@ public:
     virtual void deactivate_view(int view);
 
 protected:
+    /// The blocks of type numbers, for subclasses to fill.
     EntityTypeRange type_range;
 };

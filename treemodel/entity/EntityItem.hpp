@@ -24,6 +24,8 @@ class TREEMODEL_EXPORT EntityItem
 public:
     /// An item without a parent. Takes ownership of `list`.
     explicit EntityItem(EntityItemList* list = nullptr);
+
+    /// Copies the links alone, see above.
     EntityItem(const EntityItem&) = default;
     EntityItem& operator=(const EntityItem&) = default;
 
@@ -77,6 +79,7 @@ public:
     /// Deletes all children.
     void clear();
 
+    /// 0 without a list.
     int childCount() const;
 
     /// Null for a row out of range.

@@ -19,6 +19,8 @@ class TREEMODEL_EXPORT EntityItemData
 public:
     /// A visible thing without name, label and nodes.
     EntityItemData(int type, int id);
+
+    /// The copy has the same nodes, which go on showing the original.
     EntityItemData(const EntityItemData&) = default;
     EntityItemData& operator=(const EntityItemData&) = default;
 
@@ -28,14 +30,16 @@ public:
     /// The name, or the label if that is empty. Every node shows what an override returns.
     virtual const QString& getDisplayName() const;
 
+    /// What the nodes show. The name is the one of its own, which may be empty.
     int getType() const;
     int getId() const;
     const QString& getName() const;
     bool isVisible() const;
 
+    /// Unlike the setters below, does not tell whether the id differs from the one before.
     void setId(int id);
 
-    /// These return true if the value differs from the one before. A label compares
+    /// Each returns true if the value differs from the one before. A label compares
     /// with the label, whatever name covers it.
     bool setType(int type);
     bool setVisible(bool visible);

@@ -1,7 +1,7 @@
 #include <treemodel/entity/EntityItemList.hpp>
 
 #include <algorithm>
-#include <treemodel/entity/prefetch.hpp>
+#include <treemodel/prefetch.hpp>
 #include <utility>
 
 namespace {

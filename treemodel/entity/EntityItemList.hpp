@@ -17,7 +17,10 @@
 class TREEMODEL_EXPORT EntityItemList
 {
 public:
+    /// An empty list.
     EntityItemList() = default;
+
+    /// Shares the children, see above.
     EntityItemList(const EntityItemList&) = default;
     EntityItemList& operator=(const EntityItemList&) = default;
 
@@ -37,6 +40,7 @@ public:
     /// Puts all children in order; children that tie come in any order. Nobody is notified.
     virtual void sortChildren(int column, bool ascending);
 
+    /// Whether there are children, and how many.
     bool hasChildren() const;
     int childCount() const;
 
@@ -62,6 +66,7 @@ public:
     void clear();
 
 protected:
+    /// The children, for subclasses to search and to sort.
     const QList<EntityItem*>& children() const { return m_children; }
     QList<EntityItem*>& children() { return m_children; }
 

@@ -2,7 +2,7 @@
 
 #include <QFile>
 #include <treemodel/entity/EntityCategories.hpp>
-#include <treemodel/entity/prefetch.hpp>
+#include <treemodel/prefetch.hpp>
 #include <vector>
 
 namespace {
@@ -252,8 +252,11 @@ bool EntityModel::addEntity(EntityItem* parent, EntityItem* child)
 
 bool EntityModel::moveEntity(EntityItem* item, EntityItem* newParent)
 {
+    if (!item) {
+        return false;
+    }
     EntityItem* target = newParent ? newParent : m_rootItem;
-    if (item && item->getParentEntity() == target) {
+    if (item->getParentEntity() == target) {
         return true;
     }
     const Region from = regionOf(item);

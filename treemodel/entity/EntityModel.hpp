@@ -25,6 +25,7 @@ class TREEMODEL_EXPORT EntityModel : public QAbstractItemModel
     Q_OBJECT
 
 public:
+    /// An empty model without icons.
     explicit EntityModel(QObject* parent = nullptr);
 
     /// Does what clear() does, signals included, and leaves the icon factory alone.
@@ -34,12 +35,13 @@ public:
     /// nothing. Icons are loaded once per path; this call forgets those loaded so far.
     void setIcons(EntityIconFactory* icons);
 
+    /// The item of a row, and the way back; parents stand in column 0.
     QModelIndex index(
         int row, int column, const QModelIndex& parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex& child) const override;
     using QObject::parent;
 
-    /// Only indexes in column 0 have rows.
+    /// Only indexes in column 0 have rows. There are two columns everywhere.
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
 
@@ -49,6 +51,8 @@ public:
     /// Changes nothing and returns false. In column 0, emits nameEdited() if `value` is a text
     /// other than the item's name.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+    /// The translated names of the two columns.
     QVariant headerData(
         int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 

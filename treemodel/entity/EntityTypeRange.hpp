@@ -7,6 +7,7 @@
 /// A block of consecutive type numbers.
 struct TypeRange
 {
+    /// The first number of the block, and how many there are.
     int start;
     int count;
 };
@@ -22,6 +23,7 @@ public:
     /// Appends a block of `count` numbers from next_offset() on.
     void add_range(int count);
 
+    /// The number of blocks.
     std::size_t get_number_of_ranges() const;
 
     /// The first number after the last block; without a block, the shift given so far.

@@ -7,6 +7,7 @@
 class TREEMODEL_EXPORT KestoIdList
 {
 public:
+    /// An empty list, or the ids in the order given.
     KestoIdList() = default;
     KestoIdList(const std::vector<int>& ids);
     KestoIdList(std::vector<int>&& ids);
@@ -18,5 +19,6 @@ public:
     /// Sorts the ids ascending and keeps each once.
     void make_unique();
 
+    /// The list itself.
     std::vector<int> ids;
 };

@@ -11,6 +11,8 @@
 #include <treemodel/treemodel_export.hpp>
 #include <vector>
 
+/// @file
+
 /// A selection as ids grouped by type, with the type and the id of the item under which
 /// it was made. A plain value, without a link to any model.
 ///
@@ -43,7 +45,10 @@ public:
     /// the numbers of a shared tree to a client's own. See EntityCategoryManager::set_offset().
     void remove_type_offset(int delta);
 
+    /// The records in the order in which they were opened.
     std::vector<KestoTypeSelection> lists;
+
+    /// The item under which the selection was made; -1 for none.
     int owner_type = -1;
     int owner_id = -1;
 };

@@ -12,6 +12,8 @@ public:
     /// Registers with `data`, which is not owned, not null and outlives the item.
     /// Takes ownership of `list`, which may be null.
     SharedItem(EntityItemData* data, EntityItemList* list);
+
+    /// Not registered with the data that it shows.
     SharedItem(const SharedItem&) = default;
     SharedItem& operator=(const SharedItem&) = default;
 

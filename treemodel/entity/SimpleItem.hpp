@@ -22,6 +22,7 @@ public:
     const QString& getDisplayName() const override;
     bool setDisplay(const QString& display) override;
 
+    /// Write the field. Call EntityModel::updateEntity() afterwards.
     void setType(int type);
     void setId(int id);
     void setEditable(bool editable);

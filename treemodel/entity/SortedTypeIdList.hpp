@@ -2,6 +2,8 @@
 
 #include <treemodel/entity/EntityItemList.hpp>
 
+/// @file
+
 /// Children sorted by display name, as SortedEntityList does, or by type and then id.
 class TREEMODEL_EXPORT SortedTypeIdList : public EntityItemList
 {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QVarLengthArray>
+#include <treemodel/prefetch.hpp>
 #include <vector>
 
 /// The ids that the mirror holds while they are compared with a kernel's list: an
@@ -46,9 +47,7 @@ template <typename Record>
 IdSet::IdSet(const std::vector<Record*>& records)
 {
     m_entries.reserve(qsizetype(records.size()));
-    for (Record* record : records) {
-        add(record->id());
-    }
+    for_each_prefetched(records, [this](Record* record) { add(record->id()); });
 }
 
 inline void IdSet::add(int id)

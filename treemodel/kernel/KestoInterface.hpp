@@ -1,14 +1,5 @@
 #pragma once
 
-// The boundary to the kernel: all that the library asks of a kernel and all
-// that a kernel tells the library. The library declares it and leaves it
-// undefined; the kernel library that the program links defines, out of line,
-// the free functions and the four operations of KIObserve that have no body
-// here.
-//
-// Kinds of entity cross as lower-case words ("surface", "sideset"), ids as
-// `int`, names as UTF-8. All calls, both ways, are synchronous and on one thread.
-
 #include <string>
 #include <vector>
 
@@ -20,11 +11,20 @@
 #define KESTO_INTERFACE_API
 #endif
 
+/// The boundary to the kernel: all that the library asks of a kernel and all
+/// that a kernel tells the library. The library declares it and leaves it
+/// undefined; the kernel library that the program links defines, out of line,
+/// the free functions and the four operations of KIObserve that have no body
+/// here.
+///
+/// Kinds of entity cross as lower-case words ("surface", "sideset"), ids as
+/// `int`, names as UTF-8. All calls, both ways, are synchronous and on one thread.
 namespace KestoInterface {
 
 /// One entity of a selection: its kind as the kernel's word, and its id.
 struct EntityRef
 {
+    /// The two together are unique.
     std::string type;
     int id = 0;
 };
@@ -98,6 +98,7 @@ KESTO_INTERFACE_API std::vector<int> get_entities(const std::string& type);
 /// Ids of the surfaces, curves or vertices that rightly have no parent.
 KESTO_INTERFACE_API std::vector<int> get_list_of_free_ref_entities(const std::string& type);
 
+/// Ids of all blocks, sidesets and nodesets.
 KESTO_INTERFACE_API std::vector<int> get_block_id_list();
 KESTO_INTERFACE_API std::vector<int> get_sideset_id_list();
 KESTO_INTERFACE_API std::vector<int> get_nodeset_id_list();
@@ -109,6 +110,7 @@ KESTO_INTERFACE_API std::vector<int> get_bc_id_list(KI_BCTypes type);
 KESTO_INTERFACE_API std::vector<int> get_sideset_id_list_for_bc(KI_BCTypes type, int bc_id);
 KESTO_INTERFACE_API std::vector<int> get_nodeset_id_list_for_bc(KI_BCTypes type, int bc_id);
 
+/// Ids of all boundary layers and sizing sources.
 KESTO_INTERFACE_API std::vector<int> get_boundary_layer_id_list();
 KESTO_INTERFACE_API std::vector<int> sizing_source_ids();
 
@@ -127,6 +129,7 @@ KESTO_INTERFACE_API std::string get_exodus_entity_name(std::string type, int id)
 /// "lite" for a lite block, sideset or nodeset; any other word otherwise.
 KESTO_INTERFACE_API std::string get_exodus_entity_type(std::string type, int id);
 
+/// Whether the entity is shown.
 KESTO_INTERFACE_API bool is_visible(const std::string& type, int id);
 
 /// Whether the entity itself is virtual.
@@ -185,7 +188,7 @@ public:
     /// After this call the kernel calls it no more.
     void unregister_observer();
 
-    // Whole-model events.
+    /// Whole-model events.
     virtual void notify_zorvan_modified() {}
     virtual void notify_merge(std::string, std::string, int, int) {}
     virtual void notify_merge_completed() {}
@@ -194,7 +197,7 @@ public:
     virtual void notify_undo_complete() {}
     virtual void notify_model_refresh_requested() {}
 
-    // Geometry. Nine events have a second name further down; the kernel may send either.
+    /// Geometry. Nine events have a second name further down; the kernel may send either.
     virtual void notify_body_created(int /*id*/) {}
     virtual void notify_body_deleted(int /*id*/) {}
     virtual void notify_body_modified(int /*id*/) {}
@@ -209,7 +212,7 @@ public:
     virtual void notify_vertex_created(int /*id*/) {}
     virtual void notify_vertex_deleted(int /*id*/) {}
 
-    // The second names of the geometry events, and the change of a body.
+    /// The second names of the geometry events, and the change of a body.
     virtual void notify_vertex_added(int /*id*/) {}
     virtual void notify_curve_added(int /*id*/) {}
     virtual void notify_vertex_removed(int /*id*/) {}
@@ -220,13 +223,13 @@ public:
     virtual void notify_body_removed(int /*id*/) {}
     virtual void notify_body_changed(int /*id*/) {}
 
-    // Mesh controls.
+    /// Mesh controls.
     virtual void notify_boundary_layer_created(int /*id*/) {}
     virtual void notify_boundary_layer_deleted(int /*id*/) {}
     virtual void notify_sizing_source_created(int /*id*/) {}
     virtual void notify_sizing_source_deleted(int /*id*/) {}
 
-    // State of one entity, and the selection.
+    /// State of one entity, and the selection.
     virtual void notify_entity_id_changed(std::string /*type*/, int /*old_id*/, int /*new_id*/) {}
     virtual void notify_entities_selected(const std::vector<EntityRef>& /*refs*/) {}
     virtual void notify_entities_deselected(const std::vector<EntityRef>& /*refs*/) {}
@@ -234,12 +237,12 @@ public:
     virtual void notify_entity_name_changed(std::string /*type*/, int /*id*/) {}
     virtual void notify_entities_modified() {}
 
-    // Groups.
+    /// Groups.
     virtual void notify_group_created(int /*id*/) {}
     virtual void notify_group_modified(int /*id*/) {}
     virtual void notify_group_deleted(int /*id*/) {}
 
-    // Assemblies, parts and the graphics window.
+    /// Assemblies, parts and the graphics window.
     virtual void notify_assembly_tree_modified() {}
     virtual void notify_assembly_child_added(std::string, std::string, std::string, int, int, int)
     {
@@ -253,7 +256,7 @@ public:
     virtual void notify_graphics_mode_modified() {}
     virtual void notify_graphics_pick_type_modified() {}
 
-    // Simulation set-up. `action` is "create", "modify" or "delete".
+    /// Simulation set-up. `action` is "create", "modify" or "delete".
     virtual void notify_exodus_entity_modified(
         std::string /*type*/, int /*id*/, std::string /*action*/)
     {
@@ -268,13 +271,13 @@ public:
     virtual void notify_constraint_modified(int /*id*/, std::string /*action*/) {}
     virtual void notify_coord_sys_modified(int, std::string) {}
 
-    // Resets of the whole model.
+    /// Resets of the whole model.
     virtual void notify_model_reset() {}
     virtual void notify_reserved_1() {}
     virtual void notify_reserved_2() {}
     virtual void notify_model_replaced() {}
 
-    // Finished operations.
+    /// Finished operations.
     virtual void notify_healer_complete() {}
     virtual void notify_composite_creation_complete() {}
     virtual void notify_geometry_repair_complete() {}
@@ -292,11 +295,11 @@ public:
     virtual void notify_collapse_angle_complete() {}
     virtual void notify_regularize_entity_complete() {}
 
-    // Display state.
+    /// Display state.
     virtual void notify_entity_visibility_changed(std::string /*type*/, int /*id*/) {}
     virtual void notify_exodus_visibility_changed(std::string /*type*/, int /*id*/) {}
 
-    // Session and files.
+    /// Session and files.
     virtual void notify_developer_command_toggled(bool) {}
     virtual void notify_mesh_created(std::string, int) {}
     virtual void notify_import_acis_complete() {}
@@ -309,6 +312,7 @@ public:
     virtual void notify_kes_file_saved(std::string, bool) {}
 };
 
+/// The name under which the observer of the library knows its base.
 using ObserverBase = KIObserve;
 
 } // namespace KestoInterface

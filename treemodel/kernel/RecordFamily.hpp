@@ -1,6 +1,6 @@
 #pragma once
 
-#include <cstddef>
+#include <treemodel/prefetch.hpp>
 #include <treemodel/treedata/TreeData.hpp>
 #include <typeinfo>
 #include <vector>
@@ -45,19 +45,10 @@ private:
     RecordFamily m_family = RecordFamily::OTHER;
 };
 
-/// Calls `visit(record, family)` for each record in turn. Has records fetched from memory before
-/// their turn comes, as most of the time for a long list goes by waiting for them.
+/// Calls `visit(record, family)` for each record in turn.
 template <typename Visit>
 void for_each_with_family(const std::vector<TreeData*>& records, Visit visit)
 {
     RecordFamilyFinder families;
-    for (std::size_t index = 0; index < records.size(); ++index) {
-#if defined(__GNUC__)
-        constexpr std::size_t ahead = 16;
-        if (index + ahead < records.size()) {
-            __builtin_prefetch(records[index + ahead]);
-        }
-#endif
-        visit(records[index], families.find(records[index]));
-    }
+    for_each_prefetched(records, [&](TreeData* record) { visit(record, families.find(record)); });
 }

@@ -81,45 +81,12 @@ std::string text_of(const CommandWord& word)
     return {};
 }
 
-struct SelectedRecord
-{
-    TreeData* record;
-    int id;
-};
-
-using Selection = std::map<CommandWord, std::vector<SelectedRecord>>;
-
 // By address, each once.
-void sort_records(std::vector<SelectedRecord>& records)
+std::vector<TreeData*> in_order(std::vector<TreeData*> records)
 {
-    const auto is_same = [](const SelectedRecord& left, const SelectedRecord& right) {
-        return left.record == right.record;
-    };
-    radix_sort(records, [](const SelectedRecord& selected) {
-        return reinterpret_cast<std::uintptr_t>(selected.record);
-    });
-    records.erase(std::unique(records.begin(), records.end(), is_same), records.end());
-}
-
-// The records under each word. Each record is touched but once, as there may be very many.
-Selection selection_of(const std::vector<TreeData*>& entities)
-{
-    Selection selection;
-    Selection::iterator entry = selection.end();
-    for_each_with_family(entities, [&](TreeData* entity, RecordFamily family) {
-        if (family == RecordFamily::OTHER || family == RecordFamily::MESH) {
-            return;
-        }
-        const CommandWord word = command_word(family, entity);
-        if (entry == selection.end() || entry->first != word) {
-            entry = selection.try_emplace(word).first;
-        }
-        entry->second.push_back({entity, entity->id()});
-    });
-    for (auto& [word, records] : selection) {
-        sort_records(records);
-    }
-    return selection;
+    radix_sort(records, [](TreeData* record) { return reinterpret_cast<std::uintptr_t>(record); });
+    records.erase(std::unique(records.begin(), records.end()), records.end());
+    return records;
 }
 
 void append_number(std::string& text, int number)
@@ -129,23 +96,38 @@ void append_number(std::string& text, int number)
     text.append(digits.data(), end);
 }
 
-// Each word once, before its ids; everything is followed by one blank.
-std::string words_and_ids(const Selection& selection)
+// The ids under each word, each followed by one blank.
+using IdsByWord = std::map<CommandWord, std::string>;
+
+IdsByWord ids_by_word(const std::vector<TreeData*>& entities)
 {
-    std::string text;
-    for (const auto& [word, records] : selection) {
-        const std::string word_text = text_of(word);
-        if (word_text.empty()) {
-            continue;
+    IdsByWord result;
+    auto entry = result.end();
+    for_each_with_family(in_order(entities), [&](TreeData* entity, RecordFamily family) {
+        if (family == RecordFamily::OTHER || family == RecordFamily::MESH) {
+            return;
         }
-        text += word_text + ' ';
-        text.reserve(text.size() + 8 * records.size());
-        for (const SelectedRecord& selected : records) {
-            append_number(text, selected.id);
-            text += ' ';
+        const CommandWord word = command_word(family, entity);
+        if (entry == result.end() || entry->first != word) {
+            entry = result.try_emplace(word).first;
+        }
+        append_number(entry->second, entity->id());
+        entry->second += ' ';
+    });
+    return result;
+}
+
+// Each word once, before its ids.
+std::string select_command(const IdsByWord& ids_by_word, bool selected)
+{
+    std::string command = "select ";
+    for (const auto& [word, ids] : ids_by_word) {
+        const std::string text = text_of(word);
+        if (!text.empty()) {
+            command.append(text).append(" ").append(ids);
         }
     }
-    return text;
+    return command.append(selected ? "" : "remove");
 }
 
 } // namespace
@@ -159,12 +141,10 @@ void TreeKestoObserver::select_entities(const std::vector<TreeData*>& entities, 
         KestoInterface::silent_cmd("select none");
         return;
     }
-    const Selection selection = selection_of(entities);
-    if (selection.empty()) {
-        return;
+    const IdsByWord ids = ids_by_word(entities);
+    if (!ids.empty()) {
+        KestoInterface::silent_cmd(select_command(ids, selected).c_str());
     }
-    const std::string command = "select " + words_and_ids(selection) + (selected ? "" : "remove");
-    KestoInterface::silent_cmd(command.c_str());
 }
 
 void TreeKestoObserver::report_selection(const std::vector<EntityRef>& refs, bool selected)

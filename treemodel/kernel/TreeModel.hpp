@@ -29,6 +29,11 @@ class TreeSimModel;
 /// The records belong to the model and live until their removed signal has
 /// returned, or until an `about_to_clear` signal has. All on one thread.
 ///
+/// An added signal comes when the record stands in the mirror; its name and flags are read
+/// afterwards and come with its own signals. A removed signal comes when it has left the
+/// mirror. An `about_to_clear` signal comes before any change and stands for all that
+/// follows: no removed signal does.
+///
 /// Queries give null or an empty vector where there is nothing, and for null. Lists of
 /// records come by ascending id, lists of linked records in no useful order.
 class TREEMODEL_EXPORT TreeModel : public QObject
@@ -60,8 +65,7 @@ public:
     /// the kernel answers by notification. Does nothing inside selection_changed().
     void select_entities(const std::vector<TreeData*>& entities, bool selected);
 
-    // Geometry.
-
+    /// The geometry of a type by ascending id, and the one with that id.
     std::vector<TreeGeometryData*> geometry(TreeGeometryData::GeometryType type);
     TreeGeometryData* find_geometry(TreeGeometryData::GeometryType type, int id);
 
@@ -69,17 +73,17 @@ public:
     std::vector<TreeGeometryData*> find_geometry_children(TreeGeometryData* parent);
     std::vector<TreeGeometryData*> find_geometry_parents(TreeGeometryData* child);
 
-    // Groups.
-
+    /// All groups by ascending id, and the one with that id.
     std::vector<TreeGroupData*> groups();
     TreeGroupData* find_group(int id);
 
-    /// The members of a group: geometry, groups, and its element counts.
+    /// The members of a group: geometry, groups, and its element counts; and the groups
+    /// that a record is a member of.
     std::vector<TreeData*> find_group_children(TreeGroupData* group);
     std::vector<TreeGroupData*> find_groups_for_child(TreeData* child);
 
-    // Mesh. A mesh record is known by its owner and type; the owner is mostly a group.
-
+    /// The mesh controls and the element counts. A mesh record is known by its owner and
+    /// type; the owner is mostly a group.
     std::vector<TreeBoundaryLayerData*> boundary_layers();
     std::vector<TreeSizingSourceData*> sizing_sources();
     std::vector<TreeMeshData*> mesh_data();
@@ -89,8 +93,7 @@ public:
     std::vector<TreeMeshData*> find_mesh_data(TreeMeshData::MeshType type);
     std::vector<TreeMeshData*> find_mesh_data(TreeData* owner);
 
-    // Simulation. A type out of range is a caller's error.
-
+    /// The set-up of a simulation, by ascending id. A type out of range is a caller's error.
     std::vector<TreeExodusData*> exodus_entities(TreeExodusData::ExodusType type);
     std::vector<TreeFeaBCData*> fea_bcs(TreeFeaBCData::FEAType type);
     std::vector<TreeCfdBCData*> cfd_bcs(TreeCfdBCData::CFDType type);
@@ -98,6 +101,7 @@ public:
     /// The media, or the materials.
     std::vector<TreeMaterialData*> materials(bool cfd);
 
+    /// These have ids for each type. A type out of range is a caller's error.
     TreeExodusData* find_exodus(TreeExodusData::ExodusType type, int id);
     TreeFeaBCData* find_fea_bc(TreeFeaBCData::FEAType type, int id);
 
@@ -114,57 +118,71 @@ public:
     std::vector<TreeExodusData*> find_exodus_from_fea(TreeFeaBCData* bc);
 
 Q_SIGNALS:
-    // Added: the record stands in the mirror; its name and flags are read afterwards and
-    // come with its own signals. Removed: the record has left the mirror and is deleted
-    // when the signal returns. About to clear: nothing has changed yet, and all records
-    // of the kind are deleted without a further signal of this class.
-
-    /// `parent`, to which the new record is linked, may be null.
+    /// A new record, linked to `parent` unless that is null.
     void geometry_added(TreeGeometryData* geom, TreeGeometryData* parent);
+
+    /// The record has left with all its links.
     void geometry_removed(TreeGeometryData* geom);
 
     /// Two records that stood before are linked (no longer linked).
     void geometry_associated(TreeGeometryData* parent, TreeGeometryData* child);
     void geometry_disassociated(TreeGeometryData* parent, TreeGeometryData* child);
+
+    /// Comes before all records of the kind are deleted.
     void about_to_clear_geometry();
 
+    /// A new group; one that has left and lost its members.
     void group_added(TreeGroupData* group);
     void group_removed(TreeGroupData* group);
 
-    /// Not emitted for a member that leaves because it dies.
+    /// A membership was made, or ended. A member that dies leaves silently.
     void group_child_added(TreeGroupData* group, TreeData* child);
     void group_child_removed(TreeGroupData* group, TreeData* child);
+
+    /// Comes before all records of the kind are deleted.
     void about_to_clear_groups();
 
+    /// A new record; one that has left.
     void boundary_layer_added(TreeBoundaryLayerData* bl);
     void boundary_layer_removed(TreeBoundaryLayerData* bl);
 
-    /// An `owner` that dies with its mesh records is no more than a key when they go.
+    /// A new record; one that is deleted on return. An `owner` that dies with its mesh records
+    /// is no more than a key then.
     void mesh_data_added(TreeMeshData* md, TreeData* owner);
     void mesh_data_removed(TreeMeshData* md, TreeData* owner);
+
+    /// Comes before all records of the kind are deleted.
     void about_to_clear_boundary_layers();
     void about_to_clear_sizing_sources();
+
+    /// A new record; one that has left.
     void sizing_source_added(TreeSizingSourceData* bl);
     void sizing_source_removed(TreeSizingSourceData* bl);
+
+    /// Comes before all records of the kind are deleted.
     void about_to_clear_mesh_data();
 
+    /// A new record; one that has left with all its links.
     void exodus_entity_added(TreeExodusData* exodus);
     void exodus_entity_removed(TreeExodusData* exodus);
     void fea_bc_added(TreeFeaBCData* fea_bc);
     void fea_bc_removed(TreeFeaBCData* fea_bc);
     void cfd_bc_added(TreeCfdBCData* cfd_bc);
 
-    /// Unlike other records, this one is deleted by the event loop.
+    /// It has left with all its links. Unlike other records, it is deleted by the event loop.
     void cfd_bc_removed(TreeCfdBCData* cfd_bc);
 
-    /// Not emitted for a link that ends because a record dies.
+    /// A set was added to a condition, or taken out. Records that die leave silently.
     void exodus_added_to_fea_bc(TreeFeaBCData* bc, TreeExodusData* exo);
     void exodus_added_to_cfd_bc(TreeCfdBCData* bc, TreeExodusData* exo);
     void exodus_removed_from_fea_bc(TreeFeaBCData* bc, TreeExodusData* exo);
     void exodus_removed_from_cfd_bc(TreeCfdBCData* bc, TreeExodusData* exo);
 
+    /// A new record; one that has left.
     void material_added(TreeMaterialData* mat);
     void material_removed(TreeMaterialData* mat);
+
+    /// Comes before all records of the kind are deleted.
     void about_to_clear_exodus();
     void about_to_clear_fea();
     void about_to_clear_cfd();

@@ -14,7 +14,7 @@
 template <typename List, typename KeyOf>
 void radix_sort(List& list, KeyOf key_of)
 {
-    constexpr int digit_bits = 8;
+    constexpr int digit_bits = 12;
     constexpr std::size_t digit_count = std::size_t(1) << digit_bits;
 
     if (std::size_t(list.size()) < digit_count) {

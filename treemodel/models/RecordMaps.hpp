@@ -23,10 +23,8 @@ std::pair<Record*, bool> find_or_add_record(
         return {place->second, false};
     }
     auto owner = std::make_unique<Record>(std::forward<Arguments>(arguments)...);
-    Record* record = owner.get();
-    records.emplace_hint(place, id, record);
-    owner.release();
-    return {record, true};
+    records.emplace_hint(place, id, owner.get());
+    return {owner.release(), true};
 }
 
 /// Null if there is none.
@@ -84,6 +82,7 @@ void change_record_id(RecordMap<Record>& records, int old_id, int new_id, QObjec
 /// those that are told of their deaths.
 inline void delete_displaced_records(QObject* model)
 {
+    // Each leaves the list as it dies. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
     const QObjectList displaced = model->children();
     qDeleteAll(displaced);
 }

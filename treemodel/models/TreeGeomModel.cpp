@@ -3,6 +3,7 @@
 #include <array>
 #include <memory>
 #include <QScopeGuard>
+#include <treemodel/prefetch.hpp>
 #include <treemodel/treedata/RecordDeaths.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
 #include <utility>
@@ -39,9 +40,8 @@ TreeGeometryData* TreeGeomModel::add_geometry(
         associate_geometry(parent, record);
     } else {
         auto created = new_record(type, id);
-        record = created.get();
-        records->insert(id, record);
-        created.release();
+        records->insert(id, created.get());
+        record = created.release();
         const bool is_linked = do_association(parent, record);
         Q_EMIT geometry_added(record, is_linked ? parent : nullptr);
     }
@@ -118,10 +118,10 @@ void TreeGeomModel::clear()
     m_parents_map.clear();
     for (RecordMap* records :
         {&m_body_map, &m_volume_map, &m_surface_map, &m_curve_map, &m_vertex_map}) {
-        for (TreeGeometryData* record : std::exchange(*records, {}).values()) {
+        for_each_prefetched(std::exchange(*records, {}).values(), [this](TreeGeometryData* record) {
             clear_associations(record);
             delete record;
-        }
+        });
     }
 }
 

@@ -73,6 +73,7 @@ Q_SIGNALS:
     /// The record has left the model and lost its links; it is deleted on return.
     void geometry_removed(TreeGeometryData* geom);
 
+    /// Two records that stood before were linked, or no longer are.
     void association_added(TreeGeometryData* parent, TreeGeometryData* child);
     void association_removed(TreeGeometryData* parent, TreeGeometryData* child);
 

@@ -65,6 +65,7 @@ Q_SIGNALS:
     /// The group has left the model and lost its members; it is deleted on return.
     void group_removed(TreeGroupData* group);
 
+    /// A membership was made or ended. The end of either record ends it silently.
     void group_child_added(TreeGroupData* group, TreeData* child);
     void group_child_removed(TreeGroupData* group, TreeData* child);
 

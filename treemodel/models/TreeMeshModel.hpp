@@ -74,11 +74,13 @@ public:
     void clear();
 
 Q_SIGNALS:
+    /// The new record stands in the model; the removed one has left it and is deleted on return.
     void sizing_source_added(TreeSizingSourceData* bl);
     void sizing_source_removed(TreeSizingSourceData* bl);
     void boundary_layer_added(TreeBoundaryLayerData* bl);
     void boundary_layer_removed(TreeBoundaryLayerData* bl);
 
+    /// The new record stands in the model.
     void mesh_data_added(TreeMeshData* md, TreeData* owner);
 
     /// The record is deleted on return. If that is because the owner dies, the record
@@ -86,6 +88,7 @@ Q_SIGNALS:
     /// add or remove records of that owner.
     void mesh_data_removed(TreeMeshData* md, TreeData* owner);
 
+    /// Nothing has changed yet; all records of the kind are deleted on return.
     void about_to_clear_sizing_sources();
     void about_to_clear_boundary_layers();
     void about_to_clear_mesh_data();

@@ -129,8 +129,8 @@ public:
     void clear();
 
 Q_SIGNALS:
-    // Added: the new record stands in the model. Removed: the record has left the model
-    // and lost its links; it is deleted on return, a fluid boundary condition later.
+    /// Added: the new record stands in the model. Removed: the record has left the model
+    /// and lost its links; it is deleted on return, a fluid boundary condition later.
     void exodus_entity_added(TreeExodusData* exodus);
     void exodus_entity_removed(TreeExodusData* exodus);
     void fea_bc_added(TreeFeaBCData* fea_bc);
@@ -138,15 +138,17 @@ Q_SIGNALS:
     void cfd_bc_added(TreeCfdBCData* cfd_bc);
     void cfd_bc_removed(TreeCfdBCData* cfd_bc);
 
+    /// A link was made or ended. The end of either record ends it silently.
     void exodus_added_to_fea(TreeFeaBCData* bc, TreeExodusData* exo);
     void exodus_removed_from_fea(TreeFeaBCData* bc, TreeExodusData* exo);
     void exodus_added_to_cfd(TreeCfdBCData* bc, TreeExodusData* exo);
     void exodus_removed_from_cfd(TreeCfdBCData* bc, TreeExodusData* exo);
 
+    /// The new record stands in the model; the removed one has left it and is deleted on return.
     void material_added(TreeMaterialData* mat);
     void material_removed(TreeMaterialData* mat);
 
-    // Nothing has changed yet; all records of the kind are deleted on return.
+    /// Nothing has changed yet; all records of the kind are deleted on return.
     void about_to_clear_exodus();
     void about_to_clear_fea();
     void about_to_clear_cfd();

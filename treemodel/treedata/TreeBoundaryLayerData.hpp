@@ -8,6 +8,7 @@ class TREEMODEL_EXPORT TreeBoundaryLayerData : public TreeData
     Q_OBJECT
 
 public:
+    /// `id` is the one of the boundary layer in the kernel.
     explicit TreeBoundaryLayerData(int id);
 
 protected:

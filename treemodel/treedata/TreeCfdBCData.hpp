@@ -9,6 +9,7 @@ class TREEMODEL_EXPORT TreeCfdBCData : public TreeData
     Q_OBJECT
 
 public:
+    /// The kinds of condition.
     enum CFDType : int {
         AXIS,
         EXHAUSTFAN,
@@ -34,8 +35,10 @@ public:
         WALL,
     };
 
+    /// The type stays as it is; `id` is unique over all types.
     TreeCfdBCData(CFDType type, int id);
 
+    /// The kind of this condition.
     CFDType cfd_bc_type();
 
     /// The type that a kernel's word stands for, compared exactly. An unknown word

@@ -20,6 +20,7 @@ public:
     /// Emits treedata_destroyed() first. A slot that throws ends the process.
     ~TreeData() override;
 
+    /// The id in the kernel, or that of the last set_id().
     int id();
 
     /// Stores the id, emits id_changed() even if the value is the same, then
@@ -34,12 +35,14 @@ public:
     /// so receivers that show the name call name().
     virtual void set_name(const QString& name);
 
+    /// True until set_visible() says otherwise.
     bool is_visible();
 
     /// Stores the value and emits visible_changed(), also for the same value.
     void set_visible(bool visible);
 
 Q_SIGNALS:
+    /// Emitted after the value is stored, so that receivers read the new one.
     void id_changed(int new_id);
     void name_changed(QString name);
     void visible_changed(bool new_vis);

@@ -9,16 +9,20 @@ class TREEMODEL_EXPORT TreeExodusData : public TreeData
     Q_OBJECT
 
 public:
+    /// The kinds of entity.
     enum ExodusType : int {
         BLOCK,
         SIDESET,
         NODESET,
     };
 
+    /// The type stays as it is; `id` is unique within it.
     TreeExodusData(ExodusType type, int id);
 
+    /// The kind of this entity.
     ExodusType exodus_type();
 
+    /// True for one that the kernel calls lite.
     bool is_lite();
 
     /// Stores the value and emits lite_status_changed(), if it differs.
@@ -32,6 +36,7 @@ public:
     static std::string type_to_string(ExodusType type);
 
 Q_SIGNALS:
+    /// Emitted after the value is stored.
     void lite_status_changed(bool is_lite);
 
 protected:

@@ -9,6 +9,7 @@ class TREEMODEL_EXPORT TreeFeaBCData : public TreeData
     Q_OBJECT
 
 public:
+    /// The kinds of condition.
     enum FEAType : int {
         FORCE,
         ACCELERATION,
@@ -23,8 +24,10 @@ public:
         CONTACT_PAIR,
     };
 
+    /// The type stays as it is; `id` is unique within it.
     TreeFeaBCData(FEAType type, int id);
 
+    /// The kind of this condition.
     FEAType fea_bc_type();
 
     /// The type that a kernel's word stands for, compared exactly. An unknown word

@@ -10,6 +10,7 @@ class TREEMODEL_EXPORT TreeGeometryData : public TreeData
     Q_OBJECT
 
 public:
+    /// The kinds of entity, from the lowest to the highest.
     enum GeometryType : int {
         VERTEX,
         CURVE,
@@ -18,10 +19,13 @@ public:
         BODY,
     };
 
+    /// The type stays as it is; `id` is unique within it.
     TreeGeometryData(GeometryType type, int id);
 
+    /// The kind of this entity.
     GeometryType geometry_type();
 
+    /// Of a volume, true if anything in it is virtual.
     bool is_virtual();
 
     /// On a change, stores the flag and emits virtual_changed(), then
@@ -39,6 +43,7 @@ public:
     static std::string type_to_string(GeometryType type);
 
 Q_SIGNALS:
+    /// Emitted after the flag is stored and before name_changed().
     void virtual_changed(bool new_virt);
 
 protected:

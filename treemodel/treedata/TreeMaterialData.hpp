@@ -11,6 +11,7 @@ public:
     /// `is_cfd` is true for a medium.
     TreeMaterialData(int id, bool is_cfd);
 
+    /// True for a medium.
     bool is_cfd();
 
     /// Stores the value and emits cfd_flag_changed(), also for the same value. The default
@@ -18,6 +19,7 @@ public:
     void set_cfd(bool is_cfd);
 
 Q_SIGNALS:
+    /// Emitted after the flag is stored.
     void cfd_flag_changed(bool is_cfd);
 
 protected:

@@ -11,6 +11,7 @@ class TREEMODEL_EXPORT TreeMeshData : public TreeData
     Q_OBJECT
 
 public:
+    /// The kinds of element, nodes included.
     enum MeshType : int {
         HEX,
         TET,
@@ -23,10 +24,13 @@ public:
         NODE,
     };
 
+    /// The type stays as it is.
     TreeMeshData(MeshType type, int element_count);
 
+    /// The kind of the elements.
     MeshType mesh_type();
 
+    /// How many there are.
     int element_count();
 
     /// Stores the count and emits element_count_changed(), also for the same value. The
@@ -34,6 +38,7 @@ public:
     void set_element_count(int num_elements);
 
 Q_SIGNALS:
+    /// Emitted after the count is stored.
     void element_count_changed(int num_elements);
 
 protected:

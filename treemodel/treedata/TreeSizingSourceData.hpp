@@ -8,6 +8,7 @@ class TREEMODEL_EXPORT TreeSizingSourceData : public TreeData
     Q_OBJECT
 
 public:
+    /// `id` is the one of the sizing source in the kernel.
     explicit TreeSizingSourceData(int id);
 
 protected:

@@ -1,0 +1,35 @@
+# Runs the tests of BINARY_DIR and prints what they reach of LIBRARY.
+find_program(PROFDATA NAMES llvm-profdata llvm-profdata-14 REQUIRED)
+find_program(COV NAMES llvm-cov llvm-cov-14 REQUIRED)
+
+set(profiles "${BINARY_DIR}/profiles")
+file(REMOVE_RECURSE "${profiles}")
+set(ENV{LLVM_PROFILE_FILE} "${profiles}/%p.profraw")
+set(ENV{QT_QPA_PLATFORM} offscreen)
+execute_process(
+  COMMAND "${CMAKE_CTEST_COMMAND}" --output-on-failure --exclude-regex "^package_|^one_of_each"
+  WORKING_DIRECTORY "${BINARY_DIR}"
+  COMMAND_ERROR_IS_FATAL ANY)
+
+file(GLOB counts "${profiles}/*.profraw")
+set(merged "${profiles}/all.profdata")
+execute_process(
+  COMMAND "${PROFDATA}" merge -sparse -o "${merged}" ${counts}
+  COMMAND_ERROR_IS_FATAL ANY)
+set(of_library "${LIBRARY}" "-instr-profile=${merged}" "-ignore-filename-regex=_autogen/|/usr/|KestoInterface.hpp")
+execute_process(
+  COMMAND "${COV}" report ${of_library} --show-region-summary=false --show-branch-summary
+  COMMAND_ERROR_IS_FATAL ANY)
+execute_process(
+  COMMAND "${COV}" export ${of_library} --summary-only
+  OUTPUT_VARIABLE summary
+  COMMAND_ERROR_IS_FATAL ANY)
+
+set(least_lines 99)
+set(least_branches 95)
+foreach(kind IN ITEMS lines branches)
+  string(JSON percent GET "${summary}" data 0 totals ${kind} percent)
+  if(percent LESS least_${kind})
+    message(SEND_ERROR "${percent} % of the ${kind} are reached, and not ${least_${kind}} %.")
+  endif()
+endforeach()
