@@ -28,7 +28,7 @@ string(REGEX MATCHALL "[^\n]+" symbols "${symbols}")
 set(exported)
 foreach(line IN LISTS symbols)
   string(REGEX REPLACE " .*" "" symbol "${line}")
-  if(symbol MATCHES "^__(asan|odr_asan|lsan|ubsan)") # of a build with sanitizers
+  if(symbol MATCHES "^__(asan|lsan|ubsan)") # of a build with sanitizers
     continue()
   endif()
   outer_name("${symbol}" name)

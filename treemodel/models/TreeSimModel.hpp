@@ -167,7 +167,7 @@ private:
     void clear_exodus_associations(TreeExodusData* exodus);
     void clear_bc_associations(TreeData* bc);
     template <typename Record>
-    void delete_linked_records(std::map<int, Record*>& records);
+    Q_DECL_HIDDEN void delete_linked_records(std::map<int, Record*>& records);
 
     std::array<ExodusMap, 3> m_exodus_maps; // indexed by ExodusType
     std::array<FeaMap, 11> m_fea_maps;      // indexed by FEAType
