@@ -127,6 +127,7 @@ private:
     void begin_reset();
     void end_reset();
     void drop_rows(EntityItem* parent, int first, int last);
+    std::pair<int, int> shown_part(EntityItem* parent, int first, int last) const;
     void reorder(EntityItem* parent);
 
     void search_again();
