@@ -232,7 +232,9 @@ KernelEditor::Records EditActions::selected() const
 
 void EditActions::rename()
 {
-    m_tree.rename();
+    if (!m_tree.rename()) {
+        Q_EMIT refused(tr("This row has no name of its own."));
+    }
 }
 
 void EditActions::show()

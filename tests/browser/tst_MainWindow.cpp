@@ -55,6 +55,7 @@ private Q_SLOTS:
 
     void categoriesTellTheirCounts();
     void rowsFollowTheKernel();
+    void emptyTreeTellsWhatToDo();
 
     void typingFiltersAndEscShowsAllAgain();
     void controlFGoesToTheFilter();
@@ -69,6 +70,7 @@ private Q_SLOTS:
     void renamingInPlaceGoesToTheKernel();
     void refusedNameIsToldAndChangesNothing();
     void categoriesAreNotRenamed();
+    void rowWithoutANameOfItsOwnTellsSo();
     void deleteAsksAndDeletes();
     void deleteCanBeCalledOff();
     void deleteInTheFilterDeletesText();
@@ -84,6 +86,7 @@ private Q_SLOTS:
 
     void branchesAreExpandedAndCollapsed();
     void selectedRowsAreCopiedAsText();
+    void nameOfTwoLinesIsCopiedAsOne();
     void keyboardAloneReachesEachMenu();
 
     void contextMenuOfARecordWorksOnIt();
@@ -230,6 +233,23 @@ void tst_MainWindow::rowsFollowTheKernel()
         qPrintable(shown_tree(*view().model())));
 }
 
+void tst_MainWindow::emptyTreeTellsWhatToDo()
+{
+    QCOMPARE(view().hint(), QString());
+    tree().filter_bar()->set_text("no such part");
+    settle();
+    QVERIFY2(view().hint().contains("no such part"), qPrintable(view().hint()));
+    tree().filter_bar()->set_text({});
+    QCOMPARE(view().hint(), QString());
+
+    session->kernel().clear();
+    settle();
+    QVERIFY2(view().hint().contains("Ctrl+O"), qPrintable(view().hint()));
+    session->kernel().create_body({});
+    settle();
+    QCOMPARE(view().hint(), QString());
+}
+
 void tst_MainWindow::typingFiltersAndEscShowsAllAgain()
 {
     const QString all = shown_tree(*view().model());
@@ -339,6 +359,16 @@ void tst_MainWindow::categoriesAreNotRenamed()
     view().setCurrentIndex(view().model()->index(0, 0));
     QTest::keyClick(&view(), Qt::Key_F2);
     QVERIFY(!view().findChild<QLineEdit*>());
+}
+
+void tst_MainWindow::rowWithoutANameOfItsOwnTellsSo()
+{
+    session->kernel().create_sizing_source();
+    settle();
+    click(session->mirror().sizing_sources().front());
+    QTest::keyClick(&view(), Qt::Key_F2);
+    QVERIFY(!view().findChild<QLineEdit*>());
+    QVERIFY2(!message().isEmpty(), "F2 did nothing and nobody was told why");
 }
 
 void tst_MainWindow::deleteAsksAndDeletes()
@@ -513,6 +543,14 @@ void tst_MainWindow::selectedRowsAreCopiedAsText()
                                                    "    Surface 2  [surface 2]\n"
                                                    "Lid  [body 2]\n"
                                                    "    Seam  [surface 1]\n");
+}
+
+void tst_MainWindow::nameOfTwoLinesIsCopiedAsOne()
+{
+    session->kernel().create_body({}, "Two\nlines");
+    click(body(3));
+    QTest::keyClick(&view(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), "Two lines  [body 3]\n");
 }
 
 void tst_MainWindow::keyboardAloneReachesEachMenu()
