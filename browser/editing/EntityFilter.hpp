@@ -145,6 +145,7 @@ private:
 
     EntityModel& m_items;
     QString m_text;
+    mutable int m_row_found = 0; // A row to look at first, of a parent of many
     ShownRows m_shown;
     int m_hits = 0;
     int m_rows = 0;
