@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDockWidget>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -63,6 +64,7 @@ private Q_SLOTS:
     void clickSelectsInTheKernel();
     void kernelSelectionIsShownAtEachPlace();
     void statusBarCountsTheSelection();
+    void allRowsOfAWideOpenTreeAreSelectedAtOnce();
     void goToSelectionOpensTheWay();
     void followedSelectionIsGoneToAtOnce();
     void propertiesShowTheSelection();
@@ -302,6 +304,28 @@ void tst_MainWindow::statusBarCountsTheSelection()
     QTRY_COMPARE(label->text(), "Selected: 1 body, 2 surfaces, 1 group");
     session->kernel().select_none();
     QTRY_COMPARE(label->text(), "");
+}
+
+void tst_MainWindow::allRowsOfAWideOpenTreeAreSelectedAtOnce()
+{
+    constexpr int count = 3000;
+    ModelData model;
+    for (int id = 1; id <= count; ++id) {
+        model.bodies.push_back({"Bolt", {id}});
+        model.volumes.emplace_back();
+    }
+    session->kernel().open_model(model, "bolts");
+    settle();
+    view().expandAll();
+    settle();
+
+    QElapsedTimer clock;
+    clock.start();
+    QTest::keyClick(&view(), Qt::Key_A, Qt::ControlModifier);
+    QVERIFY2(clock.elapsed() < 5000, "the ranges were compared with each other");
+    QCOMPARE(int(kernel_selection.size()), 2 * count);
+    QVERIFY(
+        window->findChild<QLabel*>("selection_text")->text().contains(QLocale().toString(count)));
 }
 
 void tst_MainWindow::goToSelectionOpensTheWay()
