@@ -17,7 +17,9 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -74,6 +76,7 @@ private Q_SLOTS:
     void categoriesAreNotRenamed();
     void rowWithoutANameOfItsOwnTellsSo();
     void deleteAsksAndDeletes();
+    void whatIsDeletedIsDeselectedAtOnce();
     void deleteCanBeCalledOff();
     void deleteInTheFilterDeletesText();
     void hideAndShowTurnVisibility();
@@ -407,6 +410,22 @@ void tst_MainWindow::deleteAsksAndDeletes()
     QVERIFY(!body(2));
     settle();
     QVERIFY(!shown_tree(*view().model()).contains("Lid"));
+}
+
+void tst_MainWindow::whatIsDeletedIsDeselectedAtOnce()
+{
+    click(body(1));
+    click(body(2), Qt::ControlModifier);
+    QCOMPARE(int(kernel_selection.size()), 2);
+    QTest::keyClick(&view(), Qt::Key_Delete);
+    auto* const box = tree().findChild<QMessageBox*>("delete");
+    QVERIFY(box);
+
+    QSignalSpy selection(&session->mirror(), &TreeModel::selection_changed);
+    box->defaultButton()->click();
+    QCOMPARE(selection.size(), 1);
+    QVERIFY(kernel_selection.empty());
+    QVERIFY(!body(1) && !body(2));
 }
 
 void tst_MainWindow::deleteCanBeCalledOff()
