@@ -215,13 +215,11 @@ void EditActions::rename_item(EntityItem* item, const QString& name)
 
 void EditActions::enable_actions()
 {
-    const bool is_selected = !selected().empty();
+    // Indexed by Needs.
+    const std::array is_met{true, !selected().empty(), m_editor.can_restore_visibility()};
     for (int i = 0; i < m_edit_actions.size(); ++i) {
         const Needs needs = rows()[static_cast<std::size_t>(i)].needs;
-        m_edit_actions[i]->setEnabled(needs == Needs::SomethingSelected ? is_selected
-                                      : needs == Needs::SomethingToRestore
-                                          ? m_editor.can_restore_visibility()
-                                          : true);
+        m_edit_actions[i]->setEnabled(is_met[static_cast<std::size_t>(needs)]);
     }
 }
 
@@ -306,6 +304,5 @@ void EditActions::create(ItemKind kind)
 {
     const auto creator = std::find_if(creators.begin(), creators.end(),
         [kind](const Creator& entry) { return entry.first <= kind && kind <= entry.last; });
-    const auto entity_kind_of_item = entity_kind(item_kind_info(kind).word);
-    creator->create(m_editor, *entity_kind_of_item, selected());
+    creator->create(m_editor, *entity_kind(item_kind_info(kind).word), selected());
 }

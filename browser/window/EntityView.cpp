@@ -102,7 +102,9 @@ QRegion EntityView::visualRegionForSelection(const QItemSelection& selection) co
 
 void EntityView::contextMenuEvent(QContextMenuEvent* event)
 {
-    Q_EMIT menu_wanted(event->globalPos());
+    const bool is_by_key = event->reason() == QContextMenuEvent::Keyboard;
+    Q_EMIT menu_wanted(is_by_key ? viewport()->mapToGlobal(visualRect(currentIndex()).bottomLeft())
+                                 : event->globalPos());
 }
 
 void EntityView::drawRow(

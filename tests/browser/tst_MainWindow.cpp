@@ -94,6 +94,7 @@ private Q_SLOTS:
     void nameOfTwoLinesIsCopiedAsOne();
     void keyboardAloneReachesEachMenu();
 
+    void contextMenuOpensByKeyAtTheCurrentRow();
     void contextMenuOfARecordWorksOnIt();
     void contextMenuOfACategoryMakesOneOfItsKind();
     void contextMenuOfACategoryHidesIt();
@@ -606,6 +607,18 @@ void tst_MainWindow::keyboardAloneReachesEachMenu()
                 qPrintable(action->text()));
         }
     }
+}
+
+void tst_MainWindow::contextMenuOpensByKeyAtTheCurrentRow()
+{
+    click(body(2));
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(view().viewport(), &event);
+    auto* const menu = view().findChild<QMenu*>("tree_menu");
+    QVERIFY2(menu, "no menu opened");
+    const QPoint row = view().visualRect(view().currentIndex()).bottomLeft();
+    QCOMPARE(menu->pos(), view().viewport()->mapToGlobal(row));
+    menu->close();
 }
 
 void tst_MainWindow::contextMenuOfARecordWorksOnIt()
