@@ -153,8 +153,21 @@ EntityItem* EntityFilter::child(EntityItem* parent, int row) const
 
 int EntityFilter::row_of(EntityItem* item) const
 {
-    const ShownRows::List* const list = m_shown.find(ShownRows::parent_of(item));
-    return list ? ShownRows::row_in(*list, item) : item->getParentEntity()->getChildIndex(item);
+    constexpr int many = 64;
+    EntityItem* const above = ShownRows::parent_of(item);
+    // Who asks for many rows mostly does so in their order.
+    for (const int row : {m_row_found, m_row_found + 1}) {
+        if (above && child(above, row) == item) {
+            return m_row_found = row;
+        }
+    }
+    const ShownRows::List* const list = m_shown.find(above);
+    const int row =
+        list ? ShownRows::row_in(*list, item) : item->getParentEntity()->getChildIndex(item);
+    if (row >= many) {
+        m_row_found = row;
+    }
+    return row;
 }
 
 QItemSelection EntityFilter::selection(const std::vector<EntityItem*>& items) const
@@ -296,29 +309,34 @@ void EntityFilter::end_pending()
 
 void EntityFilter::drop_rows(EntityItem* parent, int first, int last)
 {
+    const auto [first_shown, last_shown] = shown_part(parent, first, last);
+    if (first_shown <= last_shown) {
+        beginRemoveRows(index(parent), first_shown, last_shown);
+        m_shown.erase(parent, first_shown, last_shown);
+        endRemoveRows();
+    }
+}
+
+// The first and the last shown row of those rows of the items; the first is behind the last if
+// none is shown by a list.
+std::pair<int, int> EntityFilter::shown_part(EntityItem* parent, int first, int last) const
+{
     const ShownRows::List* const list = m_shown.find(parent);
     if (!list) {
-        return;
+        return {0, -1};
     }
-    std::vector<EntityItem*> leaving;
+    std::vector<EntityItem*> wanted;
     for (int row = first; row <= last; ++row) {
-        leaving.push_back(parent ? parent->getChild(row) : source_item(m_items.index(row, 0)));
+        wanted.push_back(parent ? parent->getChild(row) : source_item(m_items.index(row, 0)));
     }
-    std::sort(leaving.begin(), leaving.end());
-    const auto is_leaving = [&leaving](const ShownRows::Row& row) {
-        return std::binary_search(leaving.begin(), leaving.end(), row.item);
+    std::sort(wanted.begin(), wanted.end());
+    const auto is_wanted = [&wanted](const ShownRows::Row& row) {
+        return std::binary_search(wanted.begin(), wanted.end(), row.item);
     };
     // Neighbours among the items are neighbours here.
-    const auto begin = std::find_if(list->begin(), list->end(), is_leaving);
-    const auto end = std::find_if_not(begin, list->end(), is_leaving);
-    if (begin == end) {
-        return;
-    }
-    const int first_shown = static_cast<int>(begin - list->begin());
-    const int last_shown = static_cast<int>(end - list->begin()) - 1;
-    beginRemoveRows(index(parent), first_shown, last_shown);
-    m_shown.erase(parent, first_shown, last_shown);
-    endRemoveRows();
+    const auto begin = std::find_if(list->begin(), list->end(), is_wanted);
+    const auto end = std::find_if_not(begin, list->end(), is_wanted);
+    return {static_cast<int>(begin - list->begin()), static_cast<int>(end - list->begin()) - 1};
 }
 
 void EntityFilter::reorder(EntityItem* parent)
@@ -333,15 +351,14 @@ void EntityFilter::reorder(EntityItem* parent)
 void EntityFilter::forward_change(
     const QModelIndex& top_left, const QModelIndex& bottom_right, const QList<int>& roles)
 {
-    const QModelIndex parent = top_left.parent();
-    if (m_shown.shows_all_below(source_item(parent))) {
+    EntityItem* const parent = source_item(top_left.parent());
+    if (m_shown.shows_all_below(parent)) {
         Q_EMIT dataChanged(mapFromSource(top_left), mapFromSource(bottom_right), roles);
     } else {
-        for (int row = top_left.row(); row <= bottom_right.row(); ++row) {
-            const QModelIndex left = mapFromSource(top_left.siblingAtRow(row));
-            if (left.isValid()) {
-                Q_EMIT dataChanged(left, left.siblingAtColumn(bottom_right.column()), roles);
-            }
+        const auto [first, last] = shown_part(parent, top_left.row(), bottom_right.row());
+        if (first <= last) {
+            Q_EMIT dataChanged(createIndex(first, top_left.column(), child(parent, first)),
+                createIndex(last, bottom_right.column(), child(parent, last)), roles);
         }
     }
     search_again();

@@ -127,6 +127,7 @@ private:
     void begin_reset();
     void end_reset();
     void drop_rows(EntityItem* parent, int first, int last);
+    std::pair<int, int> shown_part(EntityItem* parent, int first, int last) const;
     void reorder(EntityItem* parent);
 
     void search_again();
@@ -144,6 +145,7 @@ private:
 
     EntityModel& m_items;
     QString m_text;
+    mutable int m_row_found = 0; // A row to look at first, of a parent of many
     ShownRows m_shown;
     int m_hits = 0;
     int m_rows = 0;

@@ -26,6 +26,7 @@ FilterBar::FilterBar(EntityFilter& rows, QTreeView& view, QWidget* parent)
 {
     m_edit->setPlaceholderText(tr("Filter"));
     m_edit->setClearButtonEnabled(true);
+    m_edit->setAcceptDrops(false); // A file that is dropped here is for the window
     m_counts->hide();
 
     auto* layout = new QHBoxLayout(this);

@@ -21,8 +21,13 @@ void OpenRows::save()
 
 void OpenRows::restore()
 {
-    for (EntityItem* item : std::exchange(m_items, {})) {
-        m_view.expand(m_rows.index(item));
+    const std::vector<EntityItem*> items(m_items.begin(), m_items.end());
+    m_items.clear();
+    for (const QItemSelectionRange& range : m_rows.selection(items)) {
+        const QModelIndex parent = range.parent();
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            m_view.expand(m_rows.index(row, 0, parent));
+        }
     }
 }
 
@@ -47,9 +52,19 @@ void OpenRows::save_below(const QModelIndex& parent)
 void OpenRows::forget(const QModelIndex& parent, int first, int last)
 {
     for (int row = first; row <= last && !m_items.empty(); ++row) {
-        EntityItem* const top = m_rows.items().getEntity(m_rows.items().index(row, 0, parent));
-        for (EntityItem* item = top; item; item = item->getNext(top)) {
-            m_items.erase(item);
+        forget_from(m_rows.items().getEntity(m_rows.items().index(row, 0, parent)));
+    }
+}
+
+void OpenRows::forget_from(EntityItem* top)
+{
+    std::vector<EntityItem*> items{top};
+    while (!items.empty()) {
+        EntityItem* const item = items.back();
+        items.pop_back();
+        m_items.erase(item);
+        for (int row = 0; row < item->childCount(); ++row) {
+            items.push_back(item->getChild(row));
         }
     }
 }

@@ -27,6 +27,7 @@ public:
 private:
     void save_below(const QModelIndex& parent);
     void forget(const QModelIndex& parent, int first, int last);
+    void forget_from(EntityItem* top);
 
     EntityFilter& m_rows;
     QTreeView& m_view;

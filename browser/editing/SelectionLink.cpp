@@ -27,6 +27,19 @@ void visit_items(const QItemSelection& selection, const EntityFilter& rows, Visi
     }
 }
 
+// Qt makes whole rows of each range by a comparison with all before it, even if it is that already.
+QItemSelectionModel::SelectionFlags without_needless_rows(
+    const QItemSelection& rows, QItemSelectionModel::SelectionFlags command)
+{
+    const bool is_whole =
+        std::all_of(rows.begin(), rows.end(), [](const QItemSelectionRange& range) {
+            return range.model() && range.left() == 0 &&
+                   range.right() == range.model()->columnCount() - 1;
+        });
+    return command.setFlag(
+        QItemSelectionModel::Rows, command.testFlag(QItemSelectionModel::Rows) && !is_whole);
+}
+
 template <typename Value>
 std::vector<Value> to_vector(const std::unordered_set<Value>& values)
 {
@@ -79,7 +92,7 @@ void SelectionLink::select(const QItemSelection& rows, SelectionFlags command)
     Change change;
     {
         const QScopedValueRollback<Change*> listening(m_change, &change);
-        QItemSelectionModel::select(rows, command);
+        QItemSelectionModel::select(rows, without_needless_rows(rows, command));
     }
     send(change, command.testFlag(Clear));
 }

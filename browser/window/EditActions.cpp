@@ -230,7 +230,9 @@ KernelEditor::Records EditActions::selected() const
 
 void EditActions::rename()
 {
-    m_tree.rename();
+    if (!m_tree.rename()) {
+        Q_EMIT refused(tr("This row has no name of its own."));
+    }
 }
 
 void EditActions::show()
@@ -261,8 +263,16 @@ void EditActions::ask_to_delete()
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setInformativeText(tr("This cannot be undone."));
     box->setDefaultButton(box->addButton(tr("Delete"), QMessageBox::AcceptRole));
-    connect(box, &QMessageBox::accepted, this, [this] { m_editor.remove(selected()); });
+    connect(box, &QMessageBox::accepted, this, &EditActions::remove_selected);
     box->open();
+}
+
+// Deselects all at once: the selection is counted anew whenever one leaves it.
+void EditActions::remove_selected()
+{
+    const KernelEditor::Records records = selected();
+    m_tree.selection().select(QItemSelection(), QItemSelectionModel::Clear);
+    m_editor.remove(records);
 }
 
 void EditActions::apply_condition()

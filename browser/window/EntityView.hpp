@@ -18,6 +18,7 @@ public:
 
     /// A text that is shown over the rows; empty for none.
     void set_hint(const QString& text);
+    QString hint() const { return m_hint; }
 
     /// Expands the selected rows, and what is below them so far as it has children.
     void expand_selected();

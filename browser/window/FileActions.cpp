@@ -25,14 +25,16 @@ QMessageBox* create_box(
         icon, QCoreApplication::applicationName(), text, QMessageBox::NoButton, window);
     box->setObjectName(name);
     box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText); // Names of files may look like markup
     return box;
 }
 
 } // namespace
 
-FileActions::FileActions(EmbeddedKernel& kernel, ProgressStrip& progress, QWidget* window)
+FileActions::FileActions(EmbeddedKernel& kernel, QWidget* window)
     : QObject(window)
-    , m_progress(progress)
+    , m_opening_progress(new ProgressStrip(window))
+    , m_meshing_progress(new ProgressStrip(window))
     , m_window(window)
     , m_opening(kernel)
     , m_meshing(kernel)
@@ -47,7 +49,6 @@ FileActions::FileActions(EmbeddedKernel& kernel, ProgressStrip& progress, QWidge
     connect(m_makes_sets, &QAction::toggled, &m_opening.job(), &ImportJob::set_makes_sets);
 
     connect(&m_recent_files, &RecentFiles::chosen, this, &FileActions::open_recent);
-    connect(&progress, &ProgressStrip::cancel_clicked, this, &FileActions::cancel);
     follow_opening();
     follow_meshing();
 }
@@ -95,28 +96,26 @@ void FileActions::save() const
 
 void FileActions::follow_opening()
 {
+    m_opening_progress->setObjectName("opening_progress");
+    m_opening_progress->follow(m_opening.job());
     connect(&m_opening, &FileOpening::started, this,
-        [this] { m_progress.begin(QFileInfo(m_opening.file()).fileName()); });
-    connect(&m_opening.job(), &HelperJob::progress, &m_progress, &ProgressStrip::set_progress);
+        [this] { m_opening_progress->begin(QFileInfo(m_opening.file()).fileName()); });
     connect(&m_opening, &FileOpening::opened, this, &FileActions::take_in_opened);
     connect(&m_opening, &FileOpening::failed, this, &FileActions::show_error);
-    connect(&m_opening, &FileOpening::cancelled, this, [this] {
-        m_progress.end();
-        Q_EMIT told(m_opening.job().error_text());
-    });
+    connect(&m_opening, &FileOpening::cancelled, this,
+        [this] { Q_EMIT told(m_opening.job().error_text()); });
 }
 
 void FileActions::follow_meshing()
 {
+    m_meshing_progress->setObjectName("meshing_progress");
+    m_meshing_progress->follow(m_meshing.job());
     connect(&m_meshing, &ModelMeshing::started, this, [this] {
-        m_progress.begin(tr("Mesh of %1").arg(QFileInfo(m_model_file).fileName()));
+        m_meshing_progress->begin(tr("Mesh of %1").arg(QFileInfo(m_model_file).fileName()));
         m_mesh->setEnabled(false);
     });
-    connect(&m_meshing.job(), &HelperJob::progress, &m_progress, &ProgressStrip::set_progress);
-    connect(&m_meshing.job(), &HelperJob::finished, this, [this] {
-        m_progress.end();
-        m_mesh->setEnabled(!m_model_file.isEmpty());
-    });
+    connect(&m_meshing.job(), &HelperJob::finished, this,
+        [this] { m_mesh->setEnabled(!m_model_file.isEmpty()); });
     connect(&m_meshing, &ModelMeshing::meshed, this,
         [this] { Q_EMIT told(tr("Meshed %1").arg(QDir::toNativeSeparators(m_model_file))); });
     connect(&m_meshing, &ModelMeshing::failed, this, &FileActions::show_error);
@@ -172,7 +171,6 @@ void FileActions::ask_for_trust(const QString& file, FileOpening::Mode mode)
 void FileActions::take_in_opened(FileOpening::Mode mode)
 {
     const QString file = m_opening.file();
-    m_progress.end();
     m_recent_files.add(file);
     if (mode == FileOpening::Replace) {
         m_meshing.reset();
@@ -203,22 +201,16 @@ void FileActions::show_warnings()
 
 void FileActions::show_error(const QString& sentence)
 {
-    m_progress.end();
     QMessageBox* const box = create_box("error", QMessageBox::Critical, sentence, m_window);
     box->addButton(QMessageBox::Ok);
     box->open();
-}
-
-void FileActions::cancel()
-{
-    m_opening.job().cancel();
-    m_meshing.job().cancel();
 }
 
 void FileActions::ask_to_mesh()
 {
     auto* const dialog = new MeshDialog(m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(&m_opening, &FileOpening::opened, dialog, &QDialog::reject);
     connect(dialog, &QDialog::accepted, this,
         [this, dialog] { m_meshing.start(m_model_file, dialog->options()); });
     dialog->open();

@@ -18,7 +18,13 @@ class FileActions : public QObject
 
 public:
     /// Keeps the references. The dialogs belong to `window`.
-    FileActions(EmbeddedKernel& kernel, ProgressStrip& progress, QWidget* window);
+    FileActions(EmbeddedKernel& kernel, QWidget* window);
+
+    /// How far each task is, to be put into a bar.
+    QList<ProgressStrip*> progress_strips() const
+    {
+        return {m_opening_progress, m_meshing_progress};
+    }
 
     FileOpening& opening() { return m_opening; }
     ModelMeshing& meshing() { return m_meshing; }
@@ -52,10 +58,10 @@ private:
     void take_in_opened(FileOpening::Mode mode);
     void show_warnings();
     void show_error(const QString& sentence);
-    void cancel();
     void ask_to_mesh();
 
-    ProgressStrip& m_progress;
+    ProgressStrip* m_opening_progress;
+    ProgressStrip* m_meshing_progress;
     QWidget* m_window; // Not owned
     FileOpening m_opening;
     ModelMeshing m_meshing;

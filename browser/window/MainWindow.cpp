@@ -48,8 +48,7 @@ MainWindow::MainWindow(KernelSession& session, QWidget* parent)
     , m_tree(new TreePane(session.mirror()))
     , m_manager(m_tree->join())
     , m_edit_actions(new EditActions(session.kernel(), *m_tree, session.mirror()))
-    , m_progress(new ProgressStrip)
-    , m_files(new FileActions(session.kernel(), *m_progress, this))
+    , m_files(new FileActions(session.kernel(), this))
 {
     setWindowIcon(QIcon(":/treebrowser/window/treebrowser.svg"));
     setWindowFilePath({});
@@ -166,7 +165,9 @@ void MainWindow::create_status_bar()
     m_selection_text = new QLabel;
     m_selection_text->setObjectName("selection_text");
     statusBar()->addPermanentWidget(m_selection_text);
-    statusBar()->addPermanentWidget(m_progress);
+    for (ProgressStrip* strip : m_files->progress_strips()) {
+        statusBar()->addPermanentWidget(strip);
+    }
     connect(
         &m_tree->selection(), &SelectionLink::records_changed, this, &MainWindow::show_selection);
 }

@@ -8,7 +8,6 @@ class CategoryMenu;
 class CategoryViews;
 class EditActions;
 class KernelSession;
-class ProgressStrip;
 class QLabel;
 class TreePane;
 
@@ -57,7 +56,6 @@ private:
     QDockWidget* m_monitor_dock;
     EditActions* m_edit_actions;
     CategoryMenu* m_categories;
-    ProgressStrip* m_progress;
     FileActions* m_files;
     QLabel* m_selection_text;
 };

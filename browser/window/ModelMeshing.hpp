@@ -34,9 +34,11 @@ Q_SIGNALS:
     void cancelled();
 
 private:
+    void count(const MeshCounts& counts);
     void finish(HelperJob::Outcome outcome);
 
     EmbeddedKernel& m_kernel;
     MeshJob m_job;
     MeshCounts m_last_counts;
+    bool m_is_counted = false; // The groups hold counts of a mesh
 };

@@ -1,5 +1,6 @@
 #include <browser/window/ProgressStrip.hpp>
 
+#include <importers/HelperJob.hpp>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
@@ -7,20 +8,27 @@
 
 ProgressStrip::ProgressStrip(QWidget* parent)
     : QWidget(parent)
+    , m_cancel(new QPushButton(tr("Cancel")))
     , m_text(new QLabel)
     , m_bar(new QProgressBar)
 {
-    auto* const cancel = new QPushButton(tr("Cancel"));
-    cancel->setObjectName("cancel");
-    connect(cancel, &QPushButton::clicked, this, &ProgressStrip::cancel_clicked);
+    m_cancel->setObjectName("cancel");
+    m_text->setTextFormat(Qt::PlainText);
     m_bar->setFixedWidth(160);
 
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(m_text);
     layout->addWidget(m_bar);
-    layout->addWidget(cancel);
+    layout->addWidget(m_cancel);
     hide();
+}
+
+void ProgressStrip::follow(HelperJob& job)
+{
+    connect(&job, &HelperJob::progress, this, &ProgressStrip::set_progress);
+    connect(&job, &HelperJob::finished, this, [this, &job] { setVisible(job.is_running()); });
+    connect(m_cancel, &QPushButton::clicked, &job, &HelperJob::cancel);
 }
 
 void ProgressStrip::begin(const QString& task)
@@ -37,9 +45,4 @@ void ProgressStrip::set_progress(const QString& stage, double fraction)
     m_text->setText(QStringLiteral("%1: %2").arg(m_task, stage));
     m_bar->setRange(0, fraction < 0 ? 0 : steps);
     m_bar->setValue(static_cast<int>(fraction * steps));
-}
-
-void ProgressStrip::end()
-{
-    hide();
 }

@@ -35,7 +35,8 @@ void RecentFiles::rebuild(QMenu* menu)
 {
     menu->clear();
     for (const QString& file : files()) {
-        QAction* const action = menu->addAction(QFileInfo(file).fileName());
+        const QString name = QFileInfo(file).fileName().replace("&", "&&");
+        QAction* const action = menu->addAction(name);
         action->setToolTip(QDir::toNativeSeparators(file));
         connect(action, &QAction::triggered, this, [this, file] { Q_EMIT chosen(file); });
     }

@@ -11,6 +11,7 @@ QSize RowDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInde
 void RowDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const
 {
     QStyledItemDelegate::initStyleOption(option, index);
+    option->text.replace(QChar::LineSeparator, QChar::Space); // All rows are of one line
     if (option->state.testFlag(QStyle::State_Selected) && !option->icon.isNull()) {
         const qreal ratio = option->widget ? option->widget->devicePixelRatio() : 1;
         const QPixmap pixmap = option->icon.pixmap(option->decorationSize, ratio);

@@ -37,6 +37,7 @@ QWidget* SignalMonitor::create_controls()
 {
     auto* const name = new QLineEdit;
     name->setObjectName("signal_name");
+    name->setAcceptDrops(false); // A file that is dropped here is for the window
     name->setPlaceholderText(tr("Signal name"));
     name->setClearButtonEnabled(true);
     connect(name, &QLineEdit::textChanged, m_filter, &QSortFilterProxyModel::setFilterFixedString);

@@ -28,7 +28,6 @@ TreePane::TreePane(TreeModel& mirror, QWidget* parent)
     connect(&m_join, &MirrorItems::settled, this, &TreePane::show_wanted_levels);
     connect(&m_join, &MirrorItems::settled, this, &TreePane::show_hint);
     connect(&m_rows, &EntityFilter::filtered, this, &TreePane::show_hint);
-    show_hint();
 }
 
 void TreePane::create_layout()
@@ -81,10 +80,15 @@ void TreePane::go_to_selection()
     m_selection.go_to_selection();
 }
 
-void TreePane::rename()
+bool TreePane::rename()
 {
+    const QModelIndex name = m_view->currentIndex().siblingAtColumn(0);
+    if (!name.flags().testFlag(Qt::ItemIsEditable)) {
+        return false;
+    }
     m_view->setFocus();
-    m_view->edit(m_view->currentIndex().siblingAtColumn(0));
+    m_view->edit(name);
+    return true;
 }
 
 void TreePane::edit_filter()
@@ -100,12 +104,30 @@ void TreePane::show_wanted_levels()
     m_wanted_levels = 0;
 }
 
-void TreePane::show_hint() {}
+void TreePane::show_hint()
+{
+    m_view->set_hint(hint());
+}
+
+QString TreePane::hint() const
+{
+    if (m_rows.is_active()) {
+        return m_rows.rowCount() > 0 ? QString()
+                                     : tr("No name contains \"%1\".").arg(m_rows.text());
+    }
+    for (int category = 0; category < category_count; ++category) {
+        if (m_join.category(Category(category))->childCount() > 0) {
+            return {};
+        }
+    }
+    return tr("Open a file with Ctrl+O, or drop one here.");
+}
 
 QString TreePane::row_text(const QModelIndex& index) const
 {
     TreeData* const record = m_join.record(m_rows.item(index));
-    const QString name = index.data().toString();
+    QString name = index.data().toString();
+    name.replace(QLatin1Char('\n'), QLatin1Char(' ')); // A row is a line
     return record ? QStringLiteral("%1  [%2 %3]")
                         .arg(name, QString::fromStdString(item_kind_info(item_kind(record)).word))
                         .arg(record->id())

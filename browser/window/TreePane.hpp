@@ -44,7 +44,9 @@ public:
     /// Puts the selected rows on the clipboard as text, "Bolt 1  [body 5]" a line.
     void copy();
     void go_to_selection();
-    void rename();
+
+    /// Opens an editor in the current row; false if it has no name to edit.
+    bool rename();
     void edit_filter();
 
 private:

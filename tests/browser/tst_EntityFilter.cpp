@@ -86,6 +86,7 @@ private Q_SLOTS:
     void rowMovesFromHitToHit();
     void rowMovesOutOfAHitAndIntoOne();
     void changeOfAShownRowIsPassedOn();
+    void changeOfManyRowsIsPassedOnInOne();
     void sortTellsOfOneChangeOfLayout();
     void sortOfTheItemsIsFollowed();
     void hiddenCategoryGoesAndComesBack();
@@ -449,6 +450,26 @@ void tst_EntityFilter::changeOfAShownRowIsPassedOn()
     QCOMPARE(changed.size(), 1);
     QCOMPARE(changed.at(0).at(0).toModelIndex(), car.filter.index(car.wheel_b));
     QCOMPARE(changed.at(0).at(1).toModelIndex(), car.filter.index(car.wheel_b).siblingAtColumn(1));
+}
+
+void tst_EntityFilter::changeOfManyRowsIsPassedOnInOne()
+{
+    EntityModel items;
+    EntityFilter filter(items);
+    SimpleItem* const box = add_item(items, nullptr, "Box");
+    for (int id = 1; id <= 100; ++id) {
+        add_item(items, box, id % 2 ? "Bolt" : "Nut", id);
+    }
+    filter.set_text("bolt");
+    const QModelIndex shown_box = filter.index(box);
+    QCOMPARE(filter.rowCount(shown_box), 50);
+
+    QSignalSpy changed(&filter, &EntityFilter::dataChanged);
+    const QModelIndex parent = items.index(box);
+    Q_EMIT items.dataChanged(items.index(10, 0, parent), items.index(99, 1, parent));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.at(0).at(0).toModelIndex(), filter.index(5, 0, shown_box));
+    QCOMPARE(changed.at(0).at(1).toModelIndex(), filter.index(49, 1, shown_box));
 }
 
 void tst_EntityFilter::sortTellsOfOneChangeOfLayout()

@@ -11,12 +11,15 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDockWidget>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QSettings>
+#include <QSignalSpy>
 #include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -55,6 +58,7 @@ private Q_SLOTS:
 
     void categoriesTellTheirCounts();
     void rowsFollowTheKernel();
+    void emptyTreeTellsWhatToDo();
 
     void typingFiltersAndEscShowsAllAgain();
     void controlFGoesToTheFilter();
@@ -62,6 +66,7 @@ private Q_SLOTS:
     void clickSelectsInTheKernel();
     void kernelSelectionIsShownAtEachPlace();
     void statusBarCountsTheSelection();
+    void allRowsOfAWideOpenTreeAreSelectedAtOnce();
     void goToSelectionOpensTheWay();
     void followedSelectionIsGoneToAtOnce();
     void propertiesShowTheSelection();
@@ -69,7 +74,9 @@ private Q_SLOTS:
     void renamingInPlaceGoesToTheKernel();
     void refusedNameIsToldAndChangesNothing();
     void categoriesAreNotRenamed();
+    void rowWithoutANameOfItsOwnTellsSo();
     void deleteAsksAndDeletes();
+    void whatIsDeletedIsDeselectedAtOnce();
     void deleteCanBeCalledOff();
     void deleteInTheFilterDeletesText();
     void hideAndShowTurnVisibility();
@@ -84,6 +91,7 @@ private Q_SLOTS:
 
     void branchesAreExpandedAndCollapsed();
     void selectedRowsAreCopiedAsText();
+    void nameOfTwoLinesIsCopiedAsOne();
     void keyboardAloneReachesEachMenu();
 
     void contextMenuOpensByKeyAtTheCurrentRow();
@@ -231,6 +239,23 @@ void tst_MainWindow::rowsFollowTheKernel()
         qPrintable(shown_tree(*view().model())));
 }
 
+void tst_MainWindow::emptyTreeTellsWhatToDo()
+{
+    QCOMPARE(view().hint(), QString());
+    tree().filter_bar()->set_text("no such part");
+    settle();
+    QVERIFY2(view().hint().contains("no such part"), qPrintable(view().hint()));
+    tree().filter_bar()->set_text({});
+    QCOMPARE(view().hint(), QString());
+
+    session->kernel().clear();
+    settle();
+    QVERIFY2(view().hint().contains("Ctrl+O"), qPrintable(view().hint()));
+    session->kernel().create_body({});
+    settle();
+    QCOMPARE(view().hint(), QString());
+}
+
 void tst_MainWindow::typingFiltersAndEscShowsAllAgain()
 {
     const QString all = shown_tree(*view().model());
@@ -283,6 +308,28 @@ void tst_MainWindow::statusBarCountsTheSelection()
     QTRY_COMPARE(label->text(), "Selected: 1 body, 2 surfaces, 1 group");
     session->kernel().select_none();
     QTRY_COMPARE(label->text(), "");
+}
+
+void tst_MainWindow::allRowsOfAWideOpenTreeAreSelectedAtOnce()
+{
+    constexpr int count = 3000;
+    ModelData model;
+    for (int id = 1; id <= count; ++id) {
+        model.bodies.push_back({"Bolt", {id}});
+        model.volumes.emplace_back();
+    }
+    session->kernel().open_model(model, "bolts");
+    settle();
+    view().expandAll();
+    settle();
+
+    QElapsedTimer clock;
+    clock.start();
+    QTest::keyClick(&view(), Qt::Key_A, Qt::ControlModifier);
+    QVERIFY2(clock.elapsed() < 5000, "the ranges were compared with each other");
+    QCOMPARE(int(kernel_selection.size()), 2 * count);
+    QVERIFY(
+        window->findChild<QLabel*>("selection_text")->text().contains(QLocale().toString(count)));
 }
 
 void tst_MainWindow::goToSelectionOpensTheWay()
@@ -342,6 +389,16 @@ void tst_MainWindow::categoriesAreNotRenamed()
     QVERIFY(!view().findChild<QLineEdit*>());
 }
 
+void tst_MainWindow::rowWithoutANameOfItsOwnTellsSo()
+{
+    session->kernel().create_sizing_source();
+    settle();
+    click(session->mirror().sizing_sources().front());
+    QTest::keyClick(&view(), Qt::Key_F2);
+    QVERIFY(!view().findChild<QLineEdit*>());
+    QVERIFY2(!message().isEmpty(), "F2 did nothing and nobody was told why");
+}
+
 void tst_MainWindow::deleteAsksAndDeletes()
 {
     click(body(2));
@@ -354,6 +411,22 @@ void tst_MainWindow::deleteAsksAndDeletes()
     QVERIFY(!body(2));
     settle();
     QVERIFY(!shown_tree(*view().model()).contains("Lid"));
+}
+
+void tst_MainWindow::whatIsDeletedIsDeselectedAtOnce()
+{
+    click(body(1));
+    click(body(2), Qt::ControlModifier);
+    QCOMPARE(int(kernel_selection.size()), 2);
+    QTest::keyClick(&view(), Qt::Key_Delete);
+    auto* const box = tree().findChild<QMessageBox*>("delete");
+    QVERIFY(box);
+
+    QSignalSpy selection(&session->mirror(), &TreeModel::selection_changed);
+    box->defaultButton()->click();
+    QCOMPARE(selection.size(), 1);
+    QVERIFY(kernel_selection.empty());
+    QVERIFY(!body(1) && !body(2));
 }
 
 void tst_MainWindow::deleteCanBeCalledOff()
@@ -514,6 +587,14 @@ void tst_MainWindow::selectedRowsAreCopiedAsText()
                                                    "    Surface 2  [surface 2]\n"
                                                    "Lid  [body 2]\n"
                                                    "    Seam  [surface 1]\n");
+}
+
+void tst_MainWindow::nameOfTwoLinesIsCopiedAsOne()
+{
+    session->kernel().create_body({}, "Two\nlines");
+    click(body(3));
+    QTest::keyClick(&view(), Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(QApplication::clipboard()->text(), "Two lines  [body 3]\n");
 }
 
 void tst_MainWindow::keyboardAloneReachesEachMenu()

@@ -4,6 +4,7 @@
 #include <QDoubleSpinBox>
 #include <QDragEnterEvent>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
@@ -28,16 +29,21 @@ private Q_SLOTS:
     void openedFileReplacesTheModel();
     void addedFileLeavesTheModel();
     void fileDroppedOnTheWindowIsOpened();
+    void fileDroppedOnATextBoxIsForTheWindow();
     void anythingElseIsNotAccepted_data();
     void anythingElseIsNotAccepted();
     void unreadableFileIsToldAndNothingIsLost();
     void progressIsShownAndCancelLosesNothing();
     void nextFileEndsTheOneBefore();
+    void openingAndMeshingShowTheirOwnProgress();
+    void namesOfFilesAreNoMarkup();
     void warningsAreShown();
     void scriptRunsOnlyAfterAQuestion();
     void namedPartsBecomeSetsIfWanted();
     void openedModelIsMeshed();
     void cancelledMeshLeavesNoCounts();
+    void meshThatCountedNothingLeavesNoGroup();
+    void modelThatIsReplacedTakesItsMeshAlong();
     void openedFilesAreRecent();
     void unreadableFileIsNotRecent();
     void recentFilesAreKeptLatestFirst();
@@ -148,6 +154,15 @@ void tst_OpeningInTheWindow::fileDroppedOnTheWindowIsOpened()
     QCOMPARE(body_name(1), "Dropped");
 }
 
+void tst_OpeningInTheWindow::fileDroppedOnATextBoxIsForTheWindow()
+{
+    const auto boxes = window->findChildren<QLineEdit*>();
+    QVERIFY(!boxes.isEmpty());
+    for (const QLineEdit* box : boxes) {
+        QVERIFY2(!box->acceptDrops(), "the path would be typed into the box");
+    }
+}
+
 void tst_OpeningInTheWindow::anythingElseIsNotAccepted_data()
 {
     QTest::addColumn<QList<QUrl>>("urls");
@@ -206,6 +221,33 @@ void tst_OpeningInTheWindow::nextFileEndsTheOneBefore()
     open(script({"model New"}, "next.step"));
     QCOMPARE(body_name(1), "New");
     QVERIFY(!bar->isVisible());
+}
+
+void tst_OpeningInTheWindow::openingAndMeshingShowTheirOwnProgress()
+{
+    auto* const opening = window->findChild<QWidget*>("opening_progress");
+    auto* const meshing = window->findChild<QWidget*>("meshing_progress");
+    window->files().meshing().start(script({}, "mesh.step"), {.element_size = 1});
+    window->files().open(script({"progress 2 0.5", "hang"}), FileOpening::Add);
+    QVERIFY(opening->isVisible());
+    QVERIFY(meshing->isVisible());
+
+    window->files().meshing().job().cancel();
+    QVERIFY2(opening->isVisible(), "the end of the mesh hid the progress of the file");
+    QVERIFY(!meshing->isVisible());
+
+    QTest::mouseClick(opening->findChild<QPushButton*>("cancel"), Qt::LeftButton);
+    QVERIFY(!opening->isVisible());
+    QVERIFY(!window->files().opening().job().is_running());
+}
+
+void tst_OpeningInTheWindow::namesOfFilesAreNoMarkup()
+{
+    open(script({"failure the moon is full"}, "<b>bold<b>.step"));
+    auto* const box = window->findChild<QMessageBox*>("error");
+    QVERIFY(box);
+    QCOMPARE(box->textFormat(), Qt::PlainText);
+    QVERIFY2(box->text().contains("<b>bold<b>.step"), qPrintable(box->text()));
 }
 
 void tst_OpeningInTheWindow::warningsAreShown()
@@ -302,9 +344,47 @@ void tst_OpeningInTheWindow::cancelledMeshLeavesNoCounts()
     QVERIFY(counted.wait(60'000));
     QVERIFY(!session->mirror().mesh_data().empty());
 
-    QTest::mouseClick(window->findChild<QPushButton*>("cancel"), Qt::LeftButton);
+    auto* const strip = window->findChild<QWidget*>("meshing_progress");
+    QTest::mouseClick(strip->findChild<QPushButton*>("cancel"), Qt::LeftButton);
     QVERIFY(session->mirror().mesh_data().empty());
-    QVERIFY(!window->findChild<QProgressBar*>()->isVisible());
+    QVERIFY(!strip->isVisible());
+#endif
+}
+
+void tst_OpeningInTheWindow::meshThatCountedNothingLeavesNoGroup()
+{
+    ModelMeshing& meshing = window->files().meshing();
+    meshing.start(script({}), {.element_size = 1});
+    meshing.job().cancel();
+    QVERIFY(session->mirror().groups().empty());
+
+    QSignalSpy failed(&meshing, &ModelMeshing::failed);
+    meshing.start(m_folder.filePath("missing.step"), {.element_size = 1});
+    QVERIFY(failed.wait());
+    QVERIFY(session->mirror().groups().empty());
+}
+
+void tst_OpeningInTheWindow::modelThatIsReplacedTakesItsMeshAlong()
+{
+#ifndef MESH_HELPER_DIR
+    QSKIP("the helper program that makes meshes is not built");
+#else
+    ModelMeshing& meshing = window->files().meshing();
+    window->files().opening().job().set_helper_folder(MESH_HELPER_DIR);
+    meshing.job().set_helper_folder(MESH_HELPER_DIR);
+    open(EXAMPLE_MODELS_DIR "/pile.brep");
+    QSignalSpy meshed(&meshing, &ModelMeshing::meshed);
+    meshing.start(EXAMPLE_MODELS_DIR "/pile.brep", {.element_size = 1000});
+    QVERIFY(meshed.wait(60'000));
+
+    // While the next mesh is being made.
+    meshing.start(EXAMPLE_MODELS_DIR "/pile.brep", {.element_size = 1000});
+    meshing.job().set_helper_folder(SCRIPTED_HELPER_DIR);
+    window->files().opening().job().set_helper_folder(SCRIPTED_HELPER_DIR);
+    open(script({"model New"}));
+    QVERIFY(!meshing.job().is_running());
+    QVERIFY2(session->mirror().groups().empty(), "the new model got the counts of the old one");
+    QVERIFY(session->mirror().mesh_data().empty());
 #endif
 }
 
