@@ -11,7 +11,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDockWidget>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -66,7 +65,7 @@ private Q_SLOTS:
     void clickSelectsInTheKernel();
     void kernelSelectionIsShownAtEachPlace();
     void statusBarCountsTheSelection();
-    void allRowsOfAWideOpenTreeAreSelectedAtOnce();
+    void allRowsOfAWideOpenTreeAreSelected();
     void goToSelectionOpensTheWay();
     void followedSelectionIsGoneToAtOnce();
     void propertiesShowTheSelection();
@@ -310,9 +309,10 @@ void tst_MainWindow::statusBarCountsTheSelection()
     QTRY_COMPARE(label->text(), "");
 }
 
-void tst_MainWindow::allRowsOfAWideOpenTreeAreSelectedAtOnce()
+void tst_MainWindow::allRowsOfAWideOpenTreeAreSelected()
 {
-    constexpr int count = 3000;
+    // So many that comparing each of the ranges with all others would not end in time.
+    constexpr int count = 6000;
     ModelData model;
     for (int id = 1; id <= count; ++id) {
         model.bodies.push_back({"Bolt", {id}});
@@ -323,10 +323,7 @@ void tst_MainWindow::allRowsOfAWideOpenTreeAreSelectedAtOnce()
     view().expandAll();
     settle();
 
-    QElapsedTimer clock;
-    clock.start();
     QTest::keyClick(&view(), Qt::Key_A, Qt::ControlModifier);
-    QVERIFY2(clock.elapsed() < 5000, "the ranges were compared with each other");
     QCOMPARE(int(kernel_selection.size()), 2 * count);
     QVERIFY(
         window->findChild<QLabel*>("selection_text")->text().contains(QLocale().toString(count)));
