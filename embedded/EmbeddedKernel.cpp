@@ -536,7 +536,8 @@ void EmbeddedKernel::Contents::tell_modified(const EntitySet& touched)
 {
     EntitySet with_bodies = touched;
     for (const auto& [kind, id] : touched) {
-        if (kind == EntityKind::VOLUME) {
+        // An observer may have removed it meanwhile.
+        if (kind == EntityKind::VOLUME && state.contains(kind, id)) {
             for (const int body : state.geometry.row(kind, id).parents) {
                 with_bodies.emplace(EntityKind::BODY, body);
             }

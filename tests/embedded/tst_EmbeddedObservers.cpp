@@ -33,6 +33,7 @@ private Q_SLOTS:
     void entityDeletedInsideANotificationIsNotToldAsAdded();
     void idUsedAgainInsideANotificationIsNotToldAsRemoved();
     void idChangedInsideANotificationIsToldAsRemovedAndAdded();
+    void parentDeletedInsideANotificationIsNotToldAsModified();
     void observerThatThrowsLeavesTheChangeMade();
 };
 
@@ -323,6 +324,22 @@ void tst_EmbeddedObservers::idChangedInsideANotificationIsToldAsRemovedAndAdded(
     QCOMPARE(events(log),
         QStringLiteral("surface_created 1, group_modified 1, curve_removed 1, curve_added 7, "
                        "surface_modified 1, group_modified 1"));
+}
+
+void tst_EmbeddedObservers::parentDeletedInsideANotificationIsNotToldAsModified()
+{
+    EmbeddedKernel kernel;
+    kernel.create_surface();
+    kernel.create_volume({1});
+    kernel.create_body({1});
+    Log log;
+    log.on_event = [&](const QString& event) {
+        if (event == QStringLiteral("surface_deleted 1")) {
+            kernel.remove(EntityKind::VOLUME, 1);
+        }
+    };
+    kernel.remove(EntityKind::SURFACE, 1);
+    QCOMPARE(events(log), QStringLiteral("surface_deleted 1, volume_deleted 1, body_modified 1"));
 }
 
 void tst_EmbeddedObservers::observerThatThrowsLeavesTheChangeMade()
