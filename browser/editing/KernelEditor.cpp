@@ -5,6 +5,7 @@
 #include <iterator>
 #include <map>
 #include <stdexcept>
+#include <treemodel/kernel/TreeModel.hpp>
 #include <treemodel/treedata/TreeGeometryData.hpp>
 #include <unordered_set>
 #include <utility>
@@ -118,6 +119,7 @@ KernelEditor::KernelEditor(EmbeddedKernel& kernel, TreeModel& mirror, QObject* p
     , m_kernel(kernel)
     , m_show_only(kernel, mirror)
 {
+    connect(&mirror, &TreeModel::about_to_clear_geometry, this, &KernelEditor::forget_visibility);
 }
 
 bool KernelEditor::rename(TreeData* record, const QString& name)
@@ -171,6 +173,15 @@ bool KernelEditor::restore_visibility()
     const bool is_done = run([this] { m_show_only.restore(); });
     Q_EMIT can_restore_visibility_changed(false);
     return is_done;
+}
+
+// All records go; those that come after them have nothing to be brought back to.
+void KernelEditor::forget_visibility()
+{
+    if (can_restore_visibility()) {
+        m_show_only.forget();
+        Q_EMIT can_restore_visibility_changed(false);
+    }
 }
 
 bool KernelEditor::remove(const Records& records)

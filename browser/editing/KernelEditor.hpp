@@ -33,7 +33,8 @@ public:
     /// Geometry, groups and sets can be shown and hidden.
     bool set_visible(const Records& records, bool is_visible);
 
-    /// ShowOnly::show() and ShowOnly::restore(), which fails if there is nothing to restore.
+    /// ShowOnly::show() and ShowOnly::restore(), which fails if there is nothing to restore, as
+    /// when the mirror has been cleared since.
     bool show_only(const Records& records);
     bool restore_visibility();
     bool can_restore_visibility() const { return m_show_only.is_on(); }
@@ -72,6 +73,7 @@ private:
     struct Requirement;
     using Entities = std::vector<KernelEntity>;
 
+    void forget_visibility();
     template <typename Operation>
     bool run(Operation operation);
     bool take(const Records& records, const Requirement& requirement, Entities& entities);

@@ -24,6 +24,9 @@ public:
     /// Gives back what was remembered, whatever was shown or hidden meanwhile, and forgets it.
     void restore();
 
+    /// Forgets what was remembered.
+    void forget() { m_former.clear(); }
+
     /// True if there is something to restore.
     bool is_on() const { return !m_former.empty(); }
 

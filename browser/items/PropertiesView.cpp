@@ -1,8 +1,11 @@
 #include <browser/items/PropertiesView.hpp>
 
+#include <algorithm>
 #include <browser/items/MirrorItems.hpp>
 #include <browser/items/RecordProperties.hpp>
 #include <QSet>
+#include <QTextDocument>
+#include <treemodel/entity/SortedTypeIdList.hpp>
 
 namespace {
 
@@ -23,9 +26,11 @@ PropertiesView::PropertiesView(MirrorItems& join, QWidget* parent)
 
 void PropertiesView::show_items(const std::vector<EntityItem*>& items)
 {
+    std::vector<EntityItem*> sorted = items;
+    std::sort(sorted.begin(), sorted.end(), entity_compare_by_type_id);
     m_records.clear();
     QSet<TreeData*> seen;
-    for (EntityItem* item : items) {
+    for (EntityItem* item : sorted) {
         TreeData* record = m_join.record(item);
         if (record && !seen.contains(record)) {
             seen.insert(record);
@@ -69,7 +74,7 @@ void PropertiesView::add_record(TreeData* record)
     auto* branch = new QTreeWidgetItem({record->name()});
     for (const RecordProperty& property : record_properties(m_join.mirror(), record)) {
         auto* line = new QTreeWidgetItem({property.label, property.value});
-        line->setToolTip(1, property.value);
+        line->setToolTip(1, Qt::convertFromPlainText(property.value)); // A name may hold markup
         branch->addChild(line);
     }
     addTopLevelItem(branch);

@@ -136,6 +136,7 @@ private Q_SLOTS:
     void secondShowOnlyGoesBackToTheFirst();
     void whatIsRemovedMeanwhileIsNotMissed();
     void nothingToRestoreIsRefused();
+    void nothingIsRestoredInAnotherModel();
     void visibilityIsRestoredAfterRandomChanges();
 
     void removedRecordsAreGone();
@@ -411,6 +412,20 @@ void tst_KernelEditor::nothingToRestoreIsRefused()
     QVERIFY(!model.editor.show_only({model.material(1)}));
     QVERIFY(!model.refusal().isEmpty());
     QVERIFY(!model.editor.can_restore_visibility());
+}
+
+void tst_KernelEditor::nothingIsRestoredInAnotherModel()
+{
+    EditedModel model;
+    model.editor.show_only({model.surface(1)});
+    QSignalSpy can_restore(&model.editor, &KernelEditor::can_restore_visibility_changed);
+
+    model.kernel.clear();
+
+    QVERIFY(!model.editor.can_restore_visibility());
+    QCOMPARE(can_restore.size(), 1);
+    QCOMPARE(can_restore.takeFirst().at(0), QVariant(false));
+    QVERIFY(!model.editor.restore_visibility());
 }
 
 void tst_KernelEditor::visibilityIsRestoredAfterRandomChanges()

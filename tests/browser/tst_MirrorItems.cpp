@@ -90,6 +90,7 @@ private Q_SLOTS:
     void longListsOfLinksAreCut();
     void propertiesViewFollowsTheRecord();
     void propertiesViewForgetsRemovedRecords();
+    void propertiesViewListsByKindAndId();
     void managerOffersThePropertiesView();
 
 private:
@@ -1024,6 +1025,24 @@ void tst_MirrorItems::propertiesViewForgetsRemovedRecords()
     join->settle();
 
     QCOMPARE(view.topLevelItemCount(), 0);
+}
+
+void tst_MirrorItems::propertiesViewListsByKindAndId()
+{
+    kernel->create_vertex("Pin");
+    kernel->create_vertex("Tip");
+    kernel->create_curve({}, "Edge");
+    PropertiesView view(*join);
+    view.show();
+    view.show_items({only_place(geometry(TreeGeometryData::VERTEX, 2)),
+        only_place(geometry(TreeGeometryData::CURVE, 1)),
+        only_place(geometry(TreeGeometryData::VERTEX, 1))});
+
+    QStringList names;
+    for (int row = 0; row < view.topLevelItemCount(); ++row) {
+        names << view.topLevelItem(row)->text(0);
+    }
+    QCOMPARE(names, QStringList({"Edge", "Pin", "Tip"}));
 }
 
 void tst_MirrorItems::managerOffersThePropertiesView()
