@@ -311,6 +311,27 @@ void show_only(benchmark::State& state, bool is_half)
     state.counters["back_ms"] = Milliseconds(back).count();
 }
 
+// All bodies, which are members of one group.
+void DeleteMembers(benchmark::State& state)
+{
+    for (auto _ : state) {
+        state.PauseTiming();
+        Front front;
+        ModelData model;
+        model.bodies.resize(std::size_t(state.range(0)));
+        model.groups.resize(1);
+        model.groups[0].bodies = ids_up_to(int(state.range(0)));
+        front.kernel.open_model(model, "bodies");
+        front.join.settle();
+        const auto bodies = front.mirror.geometry(TreeGeometryData::BODY);
+        const KernelEditor::Records records(bodies.begin(), bodies.end());
+        state.ResumeTiming();
+        front.editor.remove(records);
+        front.join.settle();
+        QCoreApplication::processEvents();
+    }
+}
+
 void sizes(benchmark::internal::Benchmark* bench)
 {
     bench->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond)->Iterations(3);
@@ -351,6 +372,7 @@ BENCHMARK_CAPTURE(show_only, half, true)
     ->Arg(100'000)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(3);
+BENCHMARK(DeleteMembers)->Arg(20'000)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 } // namespace
 

@@ -514,20 +514,23 @@ void EmbeddedKernel::set_visible(EntityKind kind, int id, bool is_visible)
 
 void EmbeddedKernel::remove(EntityKind kind, int id)
 {
+    remove({{kind, id}});
+}
+
+void EmbeddedKernel::remove(const std::vector<std::pair<EntityKind, int>>& entities)
+{
     auto& [state, announcer] = *m_contents;
-    require_entity(state, kind, id);
+    for (const auto& [kind, id] : entities) {
+        require_entity(state, kind, id);
+    }
 
     EntitySet touched;
-    const Topology::IdsByKind erased = state.erase(kind, id, touched);
+    const std::vector<KernelState::Erased> erased = state.erase(entities, touched);
 
     announcer.tell_deselected(state.drop_unselected());
-    announcer.tell({Notice::DELETED, kind, id});
-    for (const EntityKind along : Topology::kinds_downwards) {
-        for (const int erased_id : erased[static_cast<std::size_t>(along)]) {
-            if (along != kind) {
-                announcer.tell({Notice::REMOVED, along, erased_id});
-            }
-        }
+    for (const auto& [entity, went_along] : erased) {
+        const Notice::Event event = went_along ? Notice::REMOVED : Notice::DELETED;
+        announcer.tell({event, entity.first, entity.second});
     }
     m_contents->tell_modified(touched);
 }
@@ -536,7 +539,8 @@ void EmbeddedKernel::Contents::tell_modified(const EntitySet& touched)
 {
     EntitySet with_bodies = touched;
     for (const auto& [kind, id] : touched) {
-        if (kind == EntityKind::VOLUME) {
+        // An observer may have removed it meanwhile.
+        if (kind == EntityKind::VOLUME && state.contains(kind, id)) {
             for (const int body : state.geometry.row(kind, id).parents) {
                 with_bodies.emplace(EntityKind::BODY, body);
             }

@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 /// A kernel in memory: holds a model that a program builds and changes through it, answers the
@@ -194,6 +195,13 @@ public:
     /// - its parents, and whatever no longer holds something virtual, modified,
     /// - the groups that lost a member modified, and the conditions that lost a set.
     void remove(EntityKind kind, int id);
+
+    /// Deletes many at once, of any kinds. One that has gone with an earlier one, or is named
+    /// again, is passed over. Tells in this order
+    /// - notify_entities_deselected of what was selected of all that, once,
+    /// - for each entity in turn the end of it and of what went along, as above,
+    /// - whatever is left of the parents, groups and conditions modified, as above, each once.
+    void remove(const std::vector<std::pair<EntityKind, int>>& entities);
 
 private:
     struct Contents;

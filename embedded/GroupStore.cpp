@@ -4,6 +4,18 @@
 #include <iterator>
 #include <set>
 
+namespace {
+
+// Both ascending. Gives back whether any was a member.
+bool strike(std::vector<int>& members, const std::vector<int>& ids)
+{
+    return std::erase_if(members, [&ids](int member) {
+        return std::binary_search(ids.begin(), ids.end(), member);
+    }) > 0;
+}
+
+} // namespace
+
 void GroupStore::append(const ModelData& model, const std::array<int, 6>& offsets)
 {
     using Group = ModelData::Group;
@@ -103,21 +115,13 @@ bool GroupStore::add_members(int id, EntityKind kind, std::vector<int> members)
 bool GroupStore::remove_members(int id, EntityKind kind, std::vector<int> members)
 {
     std::sort(members.begin(), members.end());
-    return std::erase_if(row(id).of(kind), [&members](int member) {
-        return std::binary_search(members.begin(), members.end(), member);
-    }) > 0;
+    return strike(row(id).of(kind), members);
 }
 
 std::vector<int> GroupStore::forget(EntityKind kind, const std::vector<int>& ids)
 {
-    std::vector<int> changed;
-    if (!ids.empty()) {
-        for (const int group : m_rows.ids()) {
-            if (remove_members(group, kind, ids)) {
-                changed.push_back(group);
-            }
-        }
-    }
+    std::vector<int> changed = m_rows.ids();
+    std::erase_if(changed, [&](int group) { return !strike(row(group).of(kind), ids); });
     return changed;
 }
 

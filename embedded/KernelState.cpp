@@ -1,6 +1,7 @@
 #include <embedded/KernelState.hpp>
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 const EntityRow* KernelState::find(EntityKind kind, int id) const
@@ -96,31 +97,56 @@ void KernelState::replace_selected(const Entity& entity, const Entity& new_entit
     }
 }
 
-Topology::IdsByKind KernelState::erase(EntityKind kind, int id, EntitySet& touched)
+std::vector<KernelState::Erased> KernelState::erase(
+    const std::vector<Entity>& entities, EntitySet& touched)
 {
-    Topology::IdsByKind erased;
-    if (geometry_family.has(kind)) {
-        erased = geometry.erase(kind, id, touched);
-    } else if (setup_family.has(kind)) {
-        touched = setup.conditions_on(kind, id);
-        setup.forget_set(kind, id);
-        setup.rows(kind).erase(id);
-    } else {
-        groups.erase(id);
-    }
-
-    const auto leave_groups = [&](EntityKind member_kind, const std::vector<int>& members) {
-        for (const int group : groups.forget(member_kind, members)) {
-            touched.emplace(EntityKind::GROUP, group);
+    std::vector<Erased> erased;
+    for (const Entity& entity : entities) {
+        if (contains(entity.first, entity.second)) {
+            erase(entity, erased, touched);
         }
-    };
-    for (const EntityKind erased_kind : Topology::kinds_downwards) {
-        leave_groups(erased_kind, erased[static_cast<std::size_t>(erased_kind)]);
     }
-    if (kind == EntityKind::GROUP) {
-        leave_groups(kind, {id});
-    }
+    leave_owners(erased, touched);
+    std::erase_if(
+        touched, [this](const Entity& entity) { return !contains(entity.first, entity.second); });
     return erased;
+}
+
+void KernelState::erase(const Entity& entity, std::vector<Erased>& erased, EntitySet& touched)
+{
+    const auto [kind, id] = entity;
+    erased.push_back({entity, false});
+    if (setup_family.has(kind)) {
+        setup.rows(kind).erase(id);
+    } else if (kind == EntityKind::GROUP) {
+        groups.erase(id);
+    } else {
+        const Topology::IdsByKind gone = geometry.erase(kind, id, touched);
+        for (EntityKind along = kind; along != EntityKind::VERTEX;) {
+            along = Topology::below(along);
+            for (const int gone_id : gone[static_cast<std::size_t>(along)]) {
+                erased.push_back({{along, gone_id}, true});
+            }
+        }
+    }
+}
+
+void KernelState::leave_owners(const std::vector<Erased>& erased, EntitySet& touched)
+{
+    std::map<EntityKind, std::vector<int>> gone;
+    for (const auto& [entity, went_along] : erased) {
+        gone[entity.first].push_back(entity.second);
+    }
+    for (auto& [kind, ids] : gone) {
+        std::sort(ids.begin(), ids.end());
+        if (member_family.has(kind)) {
+            for (const int group : groups.forget(kind, ids)) {
+                touched.emplace(EntityKind::GROUP, group);
+            }
+        } else {
+            touched.merge(setup.forget_sets(kind, ids));
+        }
+    }
 }
 
 EntitySet KernelState::owners(EntityKind kind, int id) const

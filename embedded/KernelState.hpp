@@ -40,9 +40,17 @@ struct KernelState
     /// To another kind that shares the range of ids.
     void change_kind(EntityKind kind, int id, EntityKind new_kind);
 
-    /// Takes an entity out. Gives back all the geometry that went, see Topology::erase(). Touches
-    /// also the groups that lost a member and the conditions that lost a set.
-    Topology::IdsByKind erase(EntityKind kind, int id, EntitySet& touched);
+    struct Erased
+    {
+        Entity entity;
+        /// With the last one before it that did not, see Topology::erase().
+        bool went_along;
+    };
+
+    /// Takes entities out, in their order; passes over what is not there or no longer. Gives back
+    /// all that went. Touches what is left of the parents of that, of the groups that lost a member
+    /// and of the conditions that lost a set.
+    std::vector<Erased> erase(const std::vector<Entity>& entities, EntitySet& touched);
 
     /// The parents of an entity, the groups that hold it, the conditions that apply to it. Empty
     /// for an unknown one.
@@ -59,6 +67,8 @@ struct KernelState
 
 private:
     int highest_id_of(EntityKind kind) const;
+    void erase(const Entity& entity, std::vector<Erased>& erased, EntitySet& touched);
+    void leave_owners(const std::vector<Erased>& erased, EntitySet& touched);
     void replace_selected(const Entity& entity, const Entity& new_entity);
 };
 

@@ -3,6 +3,13 @@
 #include <algorithm>
 #include <utility>
 
+namespace {
+
+// To which conditions apply.
+constexpr EntityFamily condition_set_family{EntityKind::SIDESET, EntityKind::NODESET};
+
+} // namespace
+
 void SetupStore::append(const ModelData& model)
 {
     for (const auto& [kind, list] : setup_lists) {
@@ -24,7 +31,7 @@ void SetupStore::change_kind(EntityKind kind, int id, EntityKind new_kind)
 EntitySet SetupStore::conditions_on(EntityKind set_kind, int id) const
 {
     EntitySet conditions;
-    if (set_kind != EntityKind::SIDESET && set_kind != EntityKind::NODESET) {
+    if (!condition_set_family.has(set_kind)) {
         return conditions;
     }
     for (EntityKind kind = condition_family.first; kind <= condition_family.last;
@@ -47,11 +54,22 @@ void SetupStore::renumber_set(EntityKind set_kind, int id, int new_id)
     }
 }
 
-void SetupStore::forget_set(EntityKind set_kind, int id)
+EntitySet SetupStore::forget_sets(EntityKind set_kind, const std::vector<int>& ids)
 {
-    for (const auto& [kind, condition] : conditions_on(set_kind, id)) {
-        std::erase(row(kind, condition).*sets_of(set_kind), id);
+    EntitySet changed;
+    if (!condition_set_family.has(set_kind)) {
+        return changed;
     }
+    const auto is_gone = [&ids](int id) { return std::binary_search(ids.begin(), ids.end(), id); };
+    for (EntityKind kind = condition_family.first; kind <= condition_family.last;
+         kind = next(kind)) {
+        for (const int condition : rows(kind).ids()) {
+            if (std::erase_if(row(kind, condition).*sets_of(set_kind), is_gone) > 0) {
+                changed.emplace(kind, condition);
+            }
+        }
+    }
+    return changed;
 }
 
 std::vector<int> SetupRow::*SetupStore::sets_of(EntityKind set_kind)

@@ -50,9 +50,12 @@ public:
     /// The conditions that apply to the set.
     EntitySet conditions_on(EntityKind set_kind, int id) const;
 
-    /// A set goes by a new id in all conditions, or is struck from them.
+    /// A set goes by a new id in all conditions.
     void renumber_set(EntityKind set_kind, int id, int new_id);
-    void forget_set(EntityKind set_kind, int id);
+
+    /// Strikes sets that are gone, ids ascending, from all conditions. Gives back the conditions
+    /// changed.
+    EntitySet forget_sets(EntityKind set_kind, const std::vector<int>& ids);
 
 private:
     static std::vector<int> SetupRow::*sets_of(EntityKind set_kind);

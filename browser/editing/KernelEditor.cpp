@@ -4,11 +4,11 @@
 #include <embedded/EmbeddedKernel.hpp>
 #include <iterator>
 #include <map>
-#include <QPointer>
 #include <stdexcept>
 #include <treemodel/kernel/TreeModel.hpp>
 #include <treemodel/treedata/TreeGeometryData.hpp>
 #include <unordered_set>
+#include <utility>
 
 namespace {
 
@@ -190,15 +190,12 @@ bool KernelEditor::remove(const Records& records)
     if (!take(records, Requirement::to_be_removed, entities)) {
         return false;
     }
-    const Records each = each_once(records);
-    const std::vector<QPointer<TreeData>> present(each.begin(), each.end());
-    return run([&] {
-        for (const QPointer<TreeData>& record : present) {
-            if (const auto entity = kernel_entity(record)) {
-                m_kernel.remove(entity->kind, entity->id);
-            }
-        }
-    });
+    std::vector<std::pair<EntityKind, int>> removed;
+    removed.reserve(entities.size());
+    for (const auto& [kind, id] : entities) {
+        removed.emplace_back(kind, id);
+    }
+    return run([&] { m_kernel.remove(removed); });
 }
 
 bool KernelEditor::create_group(const Records& records, const QString& name)

@@ -141,6 +141,7 @@ private Q_SLOTS:
 
     void removedRecordsAreGone();
     void partGoesWithItsWhole();
+    void removedMembersModifyTheirGroupOnce();
     void conditionOfFluidsGoesOnce();
 
     void groupHoldsWhatWasSelected();
@@ -474,6 +475,16 @@ void tst_KernelEditor::partGoesWithItsWhole()
     QVERIFY(KestoInterface::get_entities("vertex").empty());
 }
 
+void tst_KernelEditor::removedMembersModifyTheirGroupOnce()
+{
+    EditedModel model;
+    model.kernel.add_to_group(1, EntityKind::VOLUME, {1, 2});
+    model.log.take();
+    QVERIFY(model.editor.remove({model.volume(2), model.volume(1)}));
+    QCOMPARE(model.log.take().count("group_modified"), 1);
+    QCOMPARE(model.members(1), QString());
+}
+
 void tst_KernelEditor::conditionOfFluidsGoesOnce()
 {
     EditedModel model;
@@ -600,10 +611,12 @@ void tst_KernelEditor::entitiesThatTheKernelHasNotAreRefused()
     EditedModel model;
     model.mirror.disconnect_from_kesto();
     model.kernel.remove(EntityKind::GROUP, 1);
+    model.log.take();
     QVERIFY(!model.editor.rename(model.group(1), "Nuts"));
     QCOMPARE(model.refusal(), QString("There is no group 1."));
-    QVERIFY(!model.editor.remove({model.group(1)}));
+    QVERIFY(!model.editor.remove({model.body(1), model.group(1)}));
     QCOMPARE(model.refusal(), QString("There is no group 1."));
+    QCOMPARE(model.log.take(), QString());
 }
 
 QTEST_MAIN(tst_KernelEditor)

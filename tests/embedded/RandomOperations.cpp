@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <stdexcept>
+#include <utility>
 
 namespace {
 
@@ -50,7 +51,7 @@ QString RandomOperations::run(EmbeddedKernel& kernel, NaiveKernel& naive)
         ((text += u' ' + QString::number(ids)), ...);
     };
 
-    switch (below(14)) {
+    switch (below(15)) {
     case 0:
     case 1: {
         const EntityKind kind = geometry_kind();
@@ -169,6 +170,28 @@ QString RandomOperations::run(EmbeddedKernel& kernel, NaiveKernel& naive)
         break;
     }
     case 12: {
+        std::vector<std::pair<EntityKind, int>> entities;
+        text = QStringLiteral("remove at once");
+        makes_sense = true;
+        for (int i = below(5); i > 0; --i) {
+            const EntityKind kind = any_kind();
+            const int one = id(naive, kind);
+            entities.emplace_back(kind, one);
+            text +=
+                QStringLiteral(" %1 %2").arg(QString::fromStdString(entity_word(kind))).arg(one);
+            makes_sense = makes_sense && naive.contains(kind, one);
+        }
+        ask = [=, &kernel] { kernel.remove(entities); };
+        follow = [=, &naive] {
+            for (const auto& [kind, one] : entities) {
+                if (naive.contains(kind, one)) {
+                    naive.remove(kind, one);
+                }
+            }
+        };
+        break;
+    }
+    case 13: {
         describe("create", EntityKind::GROUP);
         makes_sense = true;
         ask = [=, &kernel] { kernel.create_group("group"); };

@@ -63,6 +63,13 @@ private Q_SLOTS:
     void deletedChildLeavesItsParents();
     void deletedFreeEntityIsNoLongerListed();
 
+    void manyDeletedAreToldInTurnAndThenTheirParentsOnce();
+    void whatWentWithAnEarlierOneIsPassedOver();
+    void partDeletedBeforeItsWholeIsToldBeforeIt();
+    void sharedPartGoesWithTheLastOfItsWholes();
+    void manyDeletedAreGoneInTheFirstNotification();
+    void unknownOneAmongManyIsRefusedAndNoneIsDeleted();
+
     void nonsenseIsRefusedAndChangesNothing_data();
     void nonsenseIsRefusedAndChangesNothing();
 };
@@ -432,6 +439,107 @@ void tst_EmbeddedGeometry::deletedFreeEntityIsNoLongerListed()
     kernel.remove(EntityKind::CURVE, 1);
     QCOMPARE(get_list_of_free_ref_entities("curve"), Ids{});
     QCOMPARE(get_list_of_free_ref_entities("vertex"), Ids{});
+}
+
+void tst_EmbeddedGeometry::manyDeletedAreToldInTurnAndThenTheirParentsOnce()
+{
+    EmbeddedKernel kernel;
+    for (int i = 0; i < 3; ++i) {
+        kernel.create_vertex();
+    }
+    kernel.create_curve({1, 2});
+    kernel.create_curve({2, 3});
+    kernel.create_curve();
+    kernel.create_surface({1, 2, 3});
+    kernel.create_volume({1});
+    kernel.create_body({1});
+    kernel.set_virtual(EntityKind::VERTEX, 3, true);
+    kernel.select(EntityKind::VERTEX, {1});
+    kernel.select(EntityKind::CURVE, {1, 3, 2});
+    NotificationLog log;
+
+    kernel.remove({{EntityKind::CURVE, 2}, {EntityKind::CURVE, 1}});
+
+    QCOMPARE(log.take(),
+        QStringLiteral("deselected vertex 1 curve 1 curve 2, curve_deleted 2, vertex_removed 3, "
+                       "curve_deleted 1, vertex_removed 1, vertex_removed 2, surface_modified 1, "
+                       "volume_modified 1, body_modified 1"));
+    QCOMPARE(get_relatives("surface", 1, "curve"), Ids{3});
+    QVERIFY(!contains_virtual("body", 1));
+}
+
+void tst_EmbeddedGeometry::whatWentWithAnEarlierOneIsPassedOver()
+{
+    EmbeddedKernel kernel;
+    kernel.open_model(lattice(1, 1, 1), "cube.step");
+    kernel.create_vertex();
+    NotificationLog log;
+    using enum EntityKind;
+
+    kernel.remove({{BODY, 1}, {SURFACE, 3}, {VERTEX, 9}, {BODY, 1}, {VERTEX, 9}});
+
+    QCOMPARE(log.take(), QStringLiteral("body_deleted 1, ") + rest_of_cube_removed() +
+                             QStringLiteral(", vertex_deleted 9"));
+    kernel.remove({});
+    QCOMPARE(log.take(), QString());
+}
+
+void tst_EmbeddedGeometry::partDeletedBeforeItsWholeIsToldBeforeIt()
+{
+    EmbeddedKernel kernel;
+    kernel.create_curve();
+    kernel.create_surface({1});
+    kernel.create_volume({1});
+    kernel.create_body({1});
+    NotificationLog log;
+
+    kernel.remove({{EntityKind::SURFACE, 1}, {EntityKind::VOLUME, 1}});
+
+    QCOMPARE(log.take(), QStringLiteral("surface_deleted 1, curve_removed 1, volume_deleted 1, "
+                                        "body_modified 1"));
+}
+
+void tst_EmbeddedGeometry::sharedPartGoesWithTheLastOfItsWholes()
+{
+    EmbeddedKernel kernel;
+    kernel.create_vertex();
+    kernel.create_curve({1});
+    kernel.create_curve({1});
+    NotificationLog log;
+    kernel.remove({{EntityKind::CURVE, 2}, {EntityKind::CURVE, 1}});
+    QCOMPARE(log.take(), QStringLiteral("curve_deleted 2, curve_deleted 1, vertex_removed 1"));
+}
+
+void tst_EmbeddedGeometry::manyDeletedAreGoneInTheFirstNotification()
+{
+    EmbeddedKernel kernel;
+    kernel.create_vertex();
+    kernel.create_vertex();
+    kernel.create_vertex();
+    NotificationLog log;
+    Ids left_in_the_first;
+    log.on_event = [&](const QString& event) {
+        if (event == QStringLiteral("vertex_deleted 3")) {
+            left_in_the_first = get_entities("vertex");
+        }
+    };
+    kernel.remove({{EntityKind::VERTEX, 3}, {EntityKind::VERTEX, 1}});
+    QCOMPARE(left_in_the_first, Ids{2});
+}
+
+void tst_EmbeddedGeometry::unknownOneAmongManyIsRefusedAndNoneIsDeleted()
+{
+    EmbeddedKernel kernel;
+    kernel.create_vertex();
+    kernel.create_vertex();
+    NotificationLog log;
+    using enum EntityKind;
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.remove({{VERTEX, 1}, {VERTEX, 3}}));
+    QVERIFY_THROWS_EXCEPTION(std::invalid_argument, kernel.remove({{VERTEX, 1}, {CURVE, 1}}));
+    QVERIFY_THROWS_EXCEPTION(
+        std::invalid_argument, kernel.remove({{VERTEX, 1}, {static_cast<EntityKind>(-1), 1}}));
+    QCOMPARE(log.take(), QString());
+    QCOMPARE(get_entities("vertex"), (Ids{1, 2}));
 }
 
 void tst_EmbeddedGeometry::nonsenseIsRefusedAndChangesNothing_data()

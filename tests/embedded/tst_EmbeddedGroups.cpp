@@ -72,6 +72,8 @@ private Q_SLOTS:
     void renumberedMemberStaysAMember();
     void deletedMembersLeaveTheirGroups();
     void deletedGroupLeavesItsMembersAndItsHolders();
+    void membersDeletedAtOnceTellEachGroupOnce();
+    void groupDeletedWithItsMembersIsNotToldModified();
     void openedModelBringsItsGroups();
     void importedGroupsHoldTheImportedEntities();
     void nonsenseIsRefused();
@@ -286,6 +288,47 @@ void tst_EmbeddedGroups::deletedGroupLeavesItsMembersAndItsHolders()
     QCOMPARE(log.take(), QStringLiteral("group_deleted 2, group_modified 1"));
     QCOMPARE(contents(1), QString());
     QCOMPARE(get_entities("vertex"), std::vector<int>{1});
+}
+
+void tst_EmbeddedGroups::membersDeletedAtOnceTellEachGroupOnce()
+{
+    EmbeddedKernel kernel;
+    kernel.create_vertex();
+    kernel.create_vertex();
+    kernel.create_curve({2});
+    kernel.create_vertex();
+    for (int i = 0; i < 4; ++i) {
+        kernel.create_group();
+    }
+    using enum EntityKind;
+    kernel.add_to_group(1, VERTEX, {1, 2, 3});
+    kernel.add_to_group(1, CURVE, {1});
+    kernel.add_to_group(2, GROUP, {1, 4});
+    kernel.add_to_group(3, CURVE, {1});
+    NotificationLog log;
+
+    kernel.remove({{CURVE, 1}, {GROUP, 4}, {VERTEX, 1}});
+
+    QCOMPARE(log.take(),
+        QStringLiteral("curve_deleted 1, vertex_removed 2, group_deleted 4, vertex_deleted 1, "
+                       "group_modified 1, group_modified 2, group_modified 3"));
+    QCOMPARE(contents(1), QStringLiteral("vertices 3"));
+    QCOMPARE(contents(2), QStringLiteral("groups 1"));
+    QCOMPARE(contents(3), QString());
+}
+
+void tst_EmbeddedGroups::groupDeletedWithItsMembersIsNotToldModified()
+{
+    EmbeddedKernel kernel;
+    kernel.create_vertex();
+    kernel.create_group();
+    kernel.create_group();
+    using enum EntityKind;
+    kernel.add_to_group(1, VERTEX, {1});
+    kernel.add_to_group(2, GROUP, {1});
+    NotificationLog log;
+    kernel.remove({{VERTEX, 1}, {GROUP, 1}, {GROUP, 2}});
+    QCOMPARE(log.take(), QStringLiteral("vertex_deleted 1, group_deleted 1, group_deleted 2"));
 }
 
 void tst_EmbeddedGroups::openedModelBringsItsGroups()

@@ -33,6 +33,8 @@ private Q_SLOTS:
     void entityDeletedInsideANotificationIsNotToldAsAdded();
     void idUsedAgainInsideANotificationIsNotToldAsRemoved();
     void idChangedInsideANotificationIsToldAsRemovedAndAdded();
+    void parentDeletedInsideANotificationIsNotToldAsModified();
+    void operationsInsideTheDeletionOfManyAreToldBeforeTheRest();
     void observerThatThrowsLeavesTheChangeMade();
 };
 
@@ -323,6 +325,55 @@ void tst_EmbeddedObservers::idChangedInsideANotificationIsToldAsRemovedAndAdded(
     QCOMPARE(events(log),
         QStringLiteral("surface_created 1, group_modified 1, curve_removed 1, curve_added 7, "
                        "surface_modified 1, group_modified 1"));
+}
+
+void tst_EmbeddedObservers::parentDeletedInsideANotificationIsNotToldAsModified()
+{
+    EmbeddedKernel kernel;
+    kernel.create_surface();
+    kernel.create_volume({1});
+    kernel.create_body({1});
+    Log log;
+    log.on_event = [&](const QString& event) {
+        if (event == QStringLiteral("surface_deleted 1")) {
+            kernel.remove(EntityKind::VOLUME, 1);
+        }
+    };
+    kernel.remove(EntityKind::SURFACE, 1);
+    QCOMPARE(events(log), QStringLiteral("surface_deleted 1, volume_deleted 1, body_modified 1"));
+}
+
+void tst_EmbeddedObservers::operationsInsideTheDeletionOfManyAreToldBeforeTheRest()
+{
+    EmbeddedKernel kernel;
+    for (int i = 0; i < 4; ++i) {
+        kernel.create_curve();
+    }
+    kernel.create_group();
+    kernel.create_group();
+    using enum EntityKind;
+    kernel.add_to_group(1, CURVE, {1, 2, 3});
+    kernel.add_to_group(2, CURVE, {2, 4});
+    Log log;
+    bool is_refused = false;
+    log.on_event = [&](const QString& event) {
+        if (event == QStringLiteral("curve_deleted 4")) {
+            kernel.remove({{CURVE, 1}, {GROUP, 2}});
+            QCOMPARE(kernel.create_curve(), 1);
+            try {
+                kernel.remove(CURVE, 3);
+            } catch (const std::invalid_argument&) {
+                is_refused = true;
+            }
+        }
+    };
+
+    kernel.remove({{CURVE, 4}, {CURVE, 3}, {CURVE, 2}});
+
+    QCOMPARE(events(log),
+        QStringLiteral("curve_deleted 4, curve_deleted 1, group_deleted 2, group_modified 1, "
+                       "curve_created 1, curve_deleted 3, curve_deleted 2, group_modified 1"));
+    QVERIFY2(is_refused, "what is still to be told has gone already");
 }
 
 void tst_EmbeddedObservers::observerThatThrowsLeavesTheChangeMade()

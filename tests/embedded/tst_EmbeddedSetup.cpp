@@ -49,6 +49,7 @@ private Q_SLOTS:
     void conditionNamesItsSets();
     void conditionOfAFluidBecomesAnotherOne();
     void deletedSetLeavesItsConditions();
+    void setsDeletedAtOnceTellEachConditionOnce();
     void renumberedSetStaysInItsConditions();
     void nameOfASetupEntityIsToldAsAChange();
     void newIdIsToldAndKeepsTheRest();
@@ -276,6 +277,28 @@ void tst_EmbeddedSetup::conditionOfAFluidBecomesAnotherOne()
     QCOMPARE(get_bc_id_list(BC_AXIS), Ids{1});
     QCOMPARE(get_sideset_id_list_for_bc(BC_AXIS, 1), Ids{1});
     QCOMPARE(get_exodus_entity_name("axis", 1), std::string("Side"));
+}
+
+void tst_EmbeddedSetup::setsDeletedAtOnceTellEachConditionOnce()
+{
+    EmbeddedKernel kernel;
+    for (int i = 0; i < 3; ++i) {
+        kernel.create_set(SIDESET);
+    }
+    kernel.create_set(NODESET);
+    kernel.create_condition(FORCE, {1, 2, 3}, {1});
+    kernel.create_condition(PRESSURE, {1});
+    kernel.create_condition(WALL, {3});
+    NotificationLog log;
+    kernel.remove({{SIDESET, 3}, {NODESET, 1}, {PRESSURE, 1}, {SIDESET, 1}});
+    QCOMPARE(log.take(),
+        QStringLiteral(
+            "exodus_entity_modified sideset 3 delete, "
+            "exodus_entity_modified nodeset 1 delete, fea_bc_modified pressure 1 delete, "
+            "exodus_entity_modified sideset 1 delete, fea_bc_modified force 1 modify, "
+            "bc_modified wall 1 modify"));
+    QCOMPARE(get_sideset_id_list_for_bc(BC_FORCE, 1), Ids{2});
+    QCOMPARE(get_nodeset_id_list_for_bc(BC_FORCE, 1), Ids{});
 }
 
 void tst_EmbeddedSetup::deletedSetLeavesItsConditions()

@@ -1,6 +1,7 @@
 #include "KernelRunner.hpp"
 
 #include <algorithm>
+#include <QStringList>
 #include <stdexcept>
 
 namespace {
@@ -124,7 +125,7 @@ const std::array<KernelRunner::Operation, 38> KernelRunner::operations{{
     {"select none", &KernelRunner::select_none},
     {"run", &KernelRunner::run_command},
     {"remove", &KernelRunner::remove},
-    {"remove", &KernelRunner::remove},
+    {"remove at once", &KernelRunner::remove_many},
     {"import", &KernelRunner::import_model},
     {"open", &KernelRunner::open_model},
     {"replace", &KernelRunner::replace_model},
@@ -368,6 +369,25 @@ QString KernelRunner::remove(const KernelStep& step)
     const int entity = id(any_kind(step), step.first);
     m_kernel.remove(any_kind(step), entity);
     return text(any_kind(step), entity);
+}
+
+// Some of one kind, and before or after them one of another.
+QString KernelRunner::remove_many(const KernelStep& step)
+{
+    const EntityKind kind = any_kind(step);
+    const auto other = EntityKind((step.kind + step.second) % 6);
+    std::vector<std::pair<EntityKind, int>> entities;
+    for (const int one : few_ids(kind, step.first)) {
+        entities.emplace_back(kind, one);
+    }
+    entities.insert(
+        step.second % 2 ? entities.begin() : entities.end(), {other, id(other, step.second)});
+    m_kernel.remove(entities);
+    QStringList texts;
+    for (const auto& [one_kind, one] : entities) {
+        texts << text(one_kind, one);
+    }
+    return texts.join(QStringLiteral(", "));
 }
 
 QString KernelRunner::import_model(const KernelStep& step)

@@ -67,6 +67,7 @@ private:
     QString select_none(const KernelStep& step);
     QString run_command(const KernelStep& step);
     QString remove(const KernelStep& step);
+    QString remove_many(const KernelStep& step);
     QString import_model(const KernelStep& step);
     QString open_model(const KernelStep& step);
     QString replace_model(const KernelStep& step);
