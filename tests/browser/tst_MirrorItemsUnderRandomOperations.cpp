@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <browser/items/MirrorItems.hpp>
 #include <memory>
-#include <mirror/KernelScript.hpp>
+#include <mirror/random_scripts.hpp>
 #include <QTest>
 #include <random>
 #include <support/ModelSpy.hpp>
@@ -160,23 +160,8 @@ QString run(const KernelScript& script, unsigned seed, int interval)
 
 void check(unsigned seed, int length, int interval)
 {
-    const KernelScript script = KernelScript::random(seed, length);
-    if (run(script, seed, interval).isEmpty()) {
-        return;
-    }
-    const KernelScript shortest = script.shortest(
-        [=](const KernelScript& part) { return !run(part, seed, interval).isEmpty(); });
-    const QString message = QStringLiteral("Seed %1, after\n%2\n%3")
-                                .arg(seed)
-                                .arg(shortest.text(), run(shortest, seed, interval));
-    QFAIL(qPrintable(message));
-}
-
-int from_environment(const char* variable, int otherwise)
-{
-    bool is_number = false;
-    const int value = qEnvironmentVariableIntValue(variable, &is_number);
-    return is_number ? value : otherwise;
+    const auto play = [=](const KernelScript& script) { return run(script, seed, interval); };
+    check_random_script(seed, length, play, play);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
-#include "KernelScript.hpp"
 #include "MirrorFacts.hpp"
 #include "MirrorHistory.hpp"
+#include "random_scripts.hpp"
 #include "SignalPicture.hpp"
 
 #include <algorithm>
@@ -66,22 +66,9 @@ QString run(const KernelScript& script, int interval)
 
 void check(unsigned seed, int length, int interval)
 {
-    const KernelScript script = KernelScript::random(seed, length);
-    if (run(script, interval).isEmpty()) {
-        return;
-    }
-    const KernelScript shortest =
-        script.shortest([](const KernelScript& part) { return !run(part, 1).isEmpty(); });
-    const QString message =
-        QStringLiteral("Seed %1, after\n%2\n%3").arg(seed).arg(shortest.text(), run(shortest, 1));
-    QFAIL(qPrintable(message));
-}
-
-int from_environment(const char* variable, int otherwise)
-{
-    bool is_number = false;
-    const int value = qEnvironmentVariableIntValue(variable, &is_number);
-    return is_number ? value : otherwise;
+    check_random_script(
+        seed, length, [=](const KernelScript& script) { return run(script, interval); },
+        [](const KernelScript& part) { return run(part, 1); });
 }
 
 } // namespace
