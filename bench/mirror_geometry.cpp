@@ -152,6 +152,8 @@ void SurfaceModified(benchmark::State& state)
     for (auto _ : state) {
         LatticeKernel::observer()->notify_surface_modified(surfaces[surfaces.size() / 2]);
     }
+    state.counters["time/notification"] = benchmark::Counter(
+        1, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
 enum Members : bool { WithoutMembers, WithMembers };
