@@ -20,26 +20,26 @@ void ModelMeshing::start(const QString& file, const MeshJob::Options& options)
 
 void ModelMeshing::reset()
 {
-    // The groups with its counts have gone.
-    m_is_counted = false;
-    m_last_counts = {};
+    m_mesh.reset();
     m_job.cancel();
 }
 
 void ModelMeshing::count(const MeshCounts& counts)
 {
-    m_is_counted = true;
-    count_into_groups(m_kernel, counts);
+    if (!m_mesh) {
+        m_mesh.emplace(m_kernel);
+    }
+    m_mesh->count(counts);
 }
 
 void ModelMeshing::finish(HelperJob::Outcome outcome)
 {
     if (outcome == HelperJob::Succeeded) {
-        m_last_counts = m_job.counts();
-        count(m_last_counts);
-    } else if (m_is_counted) {
-        count(m_last_counts);
+        count(m_job.counts());
+    } else if (m_mesh) {
+        m_mesh->take_back();
     }
+    m_mesh.reset();
     switch (outcome) {
     case HelperJob::Succeeded:
         Q_EMIT meshed();

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <importers/MeshJob.hpp>
+#include <importers/UnfinishedMesh.hpp>
+#include <optional>
 #include <QObject>
 
 class EmbeddedKernel;
 
 /// Meshes the model of a kernel, and brings the counts of the elements into its groups as
-/// they grow. A mesh that fails or is cancelled leaves the counts as they were before.
+/// they grow. A mesh that fails or is cancelled leaves the counts and the groups as they were
+/// before.
 class ModelMeshing : public QObject
 {
     Q_OBJECT
@@ -22,7 +25,7 @@ public:
     /// being made.
     void start(const QString& file, const MeshJob::Options& options);
 
-    /// The kernel has another model: ends a mesh that is being made, and forgets the last one.
+    /// The kernel has another model: ends a mesh that is being made, and touches no group.
     void reset();
 
 Q_SIGNALS:
@@ -39,6 +42,5 @@ private:
 
     EmbeddedKernel& m_kernel;
     MeshJob m_job;
-    MeshCounts m_last_counts;
-    bool m_is_counted = false; // The groups hold counts of a mesh
+    std::optional<UnfinishedMesh> m_mesh; // Since the first counts of the job
 };

@@ -41,7 +41,7 @@ private Q_SLOTS:
     void scriptRunsOnlyAfterAQuestion();
     void namedPartsBecomeSetsIfWanted();
     void openedModelIsMeshed();
-    void cancelledMeshLeavesNoCounts();
+    void cancelledMeshLeavesNothing();
     void meshThatCountedNothingLeavesNoGroup();
     void modelThatIsReplacedTakesItsMeshAlong();
     void openedFilesAreRecent();
@@ -331,7 +331,7 @@ void tst_OpeningInTheWindow::openedModelIsMeshed()
 #endif
 }
 
-void tst_OpeningInTheWindow::cancelledMeshLeavesNoCounts()
+void tst_OpeningInTheWindow::cancelledMeshLeavesNothing()
 {
 #ifndef MESH_HELPER_DIR
     QSKIP("the helper program that makes meshes is not built");
@@ -347,6 +347,7 @@ void tst_OpeningInTheWindow::cancelledMeshLeavesNoCounts()
     auto* const strip = window->findChild<QWidget*>("meshing_progress");
     QTest::mouseClick(strip->findChild<QPushButton*>("cancel"), Qt::LeftButton);
     QVERIFY(session->mirror().mesh_data().empty());
+    QVERIFY2(session->mirror().groups().empty(), "the group of the whole mesh is left, empty");
     QVERIFY(!strip->isVisible());
 #endif
 }
