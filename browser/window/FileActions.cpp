@@ -175,6 +175,7 @@ void FileActions::take_in_opened(FileOpening::Mode mode)
     if (mode == FileOpening::Replace) {
         m_meshing.reset();
         m_model_file = ContentRule::of(file).reader == ContentRule::Cad ? file : QString();
+        m_element_size = MeshDialog::size_for(m_opening.job().extent());
         m_mesh->setEnabled(!m_model_file.isEmpty());
     }
     Q_EMIT opened(mode);
@@ -208,10 +209,12 @@ void FileActions::show_error(const QString& sentence)
 
 void FileActions::ask_to_mesh()
 {
-    auto* const dialog = new MeshDialog(m_window);
+    auto* const dialog = new MeshDialog(m_element_size, m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(&m_opening, &FileOpening::opened, dialog, &QDialog::reject);
-    connect(dialog, &QDialog::accepted, this,
-        [this, dialog] { m_meshing.start(m_model_file, dialog->options()); });
+    connect(dialog, &QDialog::accepted, this, [this, dialog] {
+        m_element_size = dialog->options().element_size;
+        m_meshing.start(m_model_file, dialog->options());
+    });
     dialog->open();
 }

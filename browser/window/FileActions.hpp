@@ -66,7 +66,8 @@ private:
     FileOpening m_opening;
     ModelMeshing m_meshing;
     RecentFiles m_recent_files;
-    QString m_model_file; // What the kernel holds and what can be meshed; may be empty
+    QString m_model_file;      // What the kernel holds and what can be meshed; may be empty
+    double m_element_size = 0; // To be proposed for a mesh of it
     QAction* m_mesh;
     QAction* m_makes_sets;
 };

@@ -2,6 +2,7 @@
 #include "TestFiles.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <memory>
 #include <QDir>
@@ -105,6 +106,28 @@ private Q_SLOTS:
         QFETCH(QString, expected);
 
         QCOMPARE(entity_counts(imported(example(name))), expected);
+    }
+
+    void extentIsTheDiagonalOfTheModel_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<double>("diagonal");
+
+        QTest::newRow("assembly") << "pump_station.step" << std::hypot(300, 600, 140);
+        QTest::newRow("conformal part") << "pile.brep" << std::hypot(20, 20, 15);
+        QTest::newRow("sheet") << "roof.step" << std::hypot(20, 20, 11);
+        QTest::newRow("solid") << "bracket.iges" << std::hypot(40, 30, 40);
+    }
+
+    void extentIsTheDiagonalOfTheModel()
+    {
+        QFETCH(QString, name);
+        QFETCH(double, diagonal);
+
+        imported(example(name));
+
+        QVERIFY2(std::abs(m_job->extent() - diagonal) < 0.01 * diagonal,
+            qPrintable(QString::number(m_job->extent())));
     }
 
     void formatIsFoundUnderAnyName_data()
