@@ -9,6 +9,7 @@
 #include <embedded/EmbeddedKernel.hpp>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 namespace {
@@ -257,22 +258,23 @@ void EditActions::restore()
 
 void EditActions::ask_to_delete()
 {
+    const KernelEditor::Records records = selected();
     auto* const box = new QMessageBox(QMessageBox::Question, tr("Delete"),
-        tr("Delete %1?").arg(SelectionCounts(selected()).text()), QMessageBox::Cancel, &m_tree);
+        tr("Delete %1?").arg(SelectionCounts(records).text()), QMessageBox::Cancel, &m_tree);
     box->setObjectName("delete");
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setInformativeText(tr("This cannot be undone."));
     box->setDefaultButton(box->addButton(tr("Delete"), QMessageBox::AcceptRole));
-    connect(box, &QMessageBox::accepted, this, &EditActions::remove_selected);
+    // Whatever is selected, and whatever has gone, by the time of the answer.
+    const QList<QPointer<TreeData>> asked(records.begin(), records.end());
+    connect(box, &QMessageBox::accepted, this, [this, asked] {
+        KernelEditor::Records present(asked.begin(), asked.end());
+        std::erase(present, nullptr);
+        if (!present.empty()) {
+            m_editor.remove(present);
+        }
+    });
     box->open();
-}
-
-// Deselects all at once: the selection is counted anew whenever one leaves it.
-void EditActions::remove_selected()
-{
-    const KernelEditor::Records records = selected();
-    m_tree.selection().select(QItemSelection(), QItemSelectionModel::Clear);
-    m_editor.remove(records);
 }
 
 void EditActions::apply_condition()
