@@ -133,7 +133,7 @@ QModelIndex EntityFilter::mapFromSource(const QModelIndex& source_index) const
         return {};
     }
     const ShownRows::List* const list = m_shown.find(ShownRows::parent_of(node));
-    const int row = list ? ShownRows::row_in(*list, node) : source_index.row();
+    const int row = list ? m_shown.row_in(*list, node) : source_index.row();
     return createIndex(row, source_index.column(), node);
 }
 
@@ -163,7 +163,7 @@ int EntityFilter::row_of(EntityItem* item) const
     }
     const ShownRows::List* const list = m_shown.find(above);
     const int row =
-        list ? ShownRows::row_in(*list, item) : item->getParentEntity()->getChildIndex(item);
+        list ? m_shown.row_in(*list, item) : item->getParentEntity()->getChildIndex(item);
     if (row >= many) {
         m_row_found = row;
     }
@@ -351,9 +351,12 @@ void EntityFilter::reorder(EntityItem* parent)
 void EntityFilter::forward_change(
     const QModelIndex& top_left, const QModelIndex& bottom_right, const QList<int>& roles)
 {
-    EntityItem* const parent = source_item(top_left.parent());
+    EntityItem* const first_item = source_item(top_left);
+    EntityItem* const parent = ShownRows::parent_of(first_item);
     if (m_shown.shows_all_below(parent)) {
-        Q_EMIT dataChanged(mapFromSource(top_left), mapFromSource(bottom_right), roles);
+        Q_EMIT dataChanged(createIndex(top_left.row(), top_left.column(), first_item),
+            createIndex(bottom_right.row(), bottom_right.column(), source_item(bottom_right)),
+            roles);
     } else {
         const auto [first, last] = shown_part(parent, top_left.row(), bottom_right.row());
         if (first <= last) {

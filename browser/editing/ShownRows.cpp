@@ -39,11 +39,20 @@ bool ShownRows::shows_all_below(EntityItem* parent) const
     return shows_everything() || (parent && !find(parent) && shows(parent));
 }
 
-int ShownRows::row_in(const List& list, const EntityItem* item)
+int ShownRows::row_in(const List& list, const EntityItem* item) const
 {
-    const auto found =
-        std::find_if(list.begin(), list.end(), [item](const Row& row) { return row.item == item; });
-    return found == list.end() ? -1 : static_cast<int>(found - list.begin());
+    const auto is_wanted = [item](const Row& row) { return row.item == item; };
+    const auto near_end = list.begin() + std::min(m_last_row + 2, std::ssize(list));
+    const auto near_begin = near_end - std::min(std::ptrdiff_t(3), near_end - list.begin());
+    auto found = std::find_if(near_begin, near_end, is_wanted);
+    if (found == near_end) {
+        found = std::find_if(list.begin(), list.end(), is_wanted);
+    }
+    if (found == list.end()) {
+        return -1;
+    }
+    m_last_row = found - list.begin();
+    return static_cast<int>(m_last_row);
 }
 
 void ShownRows::erase(EntityItem* parent, int first, int last)

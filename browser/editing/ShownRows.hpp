@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <unordered_map>
 #include <vector>
 
@@ -33,8 +34,9 @@ public:
     bool shows(EntityItem* item) const;
     bool shows_all_below(EntityItem* parent) const;
 
-    /// The row of an item in the list of its parent, -1 if it is not in it.
-    static int row_in(const List& list, const EntityItem* item);
+    /// The row of an item in the list of its parent, -1 if it is not in it. Found at once next to
+    /// the one that was asked for before.
+    int row_in(const List& list, const EntityItem* item) const;
 
     /// Takes rows out of the list of their parent, with all lists below them.
     void erase(EntityItem* parent, int first, int last);
@@ -60,4 +62,5 @@ private:
     void erase_lists_from(EntityItem* item);
 
     std::unordered_map<EntityItem*, List> m_lists;
+    mutable std::ptrdiff_t m_last_row = 0; // In whatever list, found by row_in()
 };
