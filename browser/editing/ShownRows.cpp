@@ -1,13 +1,18 @@
 #include <browser/editing/ShownRows.hpp>
 
 #include <algorithm>
-#include <treemodel/entity/EntityItem.hpp>
+#include <treemodel/entity/EntityModel.hpp>
 #include <unordered_set>
 
 EntityItem* ShownRows::parent_of(const EntityItem* item)
 {
     EntityItem* parent = item->getParentEntity();
     return parent && parent->getParentEntity() ? parent : nullptr;
+}
+
+EntityItem* ShownRows::child_of(const EntityModel& items, const EntityItem* parent, int row)
+{
+    return parent ? parent->getChild(row) : items.getEntity(items.index(row, 0));
 }
 
 const ShownRows::List* ShownRows::find(EntityItem* parent) const
@@ -41,6 +46,7 @@ bool ShownRows::shows_all_below(EntityItem* parent) const
 
 int ShownRows::row_in(const List& list, const EntityItem* item) const
 {
+    constexpr std::ptrdiff_t many = 64;
     const auto is_wanted = [item](const Row& row) { return row.item == item; };
     const auto near_end = list.begin() + std::min(m_last_row + 2, std::ssize(list));
     const auto near_begin = near_end - std::min(std::ptrdiff_t(3), near_end - list.begin());
@@ -51,8 +57,11 @@ int ShownRows::row_in(const List& list, const EntityItem* item) const
     if (found == list.end()) {
         return -1;
     }
-    m_last_row = found - list.begin();
-    return static_cast<int>(m_last_row);
+    const auto row = found - list.begin();
+    if (row >= many) {
+        m_last_row = row;
+    }
+    return static_cast<int>(row);
 }
 
 void ShownRows::erase(EntityItem* parent, int first, int last)
