@@ -48,6 +48,7 @@ Q_SIGNALS:
     void told(const QString& sentence);
 
 private:
+    void follow(HelperTask& task, HelperJob& job, ProgressStrip& progress);
     void follow_opening();
     void follow_meshing();
     void choose_file_to_open();

@@ -3,11 +3,11 @@
 #include <importers/MeshGroups.hpp>
 
 ModelMeshing::ModelMeshing(EmbeddedKernel& kernel, QObject* parent)
-    : QObject(parent)
+    : HelperTask(parent)
     , m_kernel(kernel)
 {
     connect(&m_job, &MeshJob::counted, this, [this](const MeshCounts& counts) { count(counts); });
-    connect(&m_job, &HelperJob::finished, this, &ModelMeshing::finish);
+    follow(m_job);
 }
 
 void ModelMeshing::start(const QString& file, const MeshJob::Options& options)
@@ -32,23 +32,17 @@ void ModelMeshing::count(const MeshCounts& counts)
     m_mesh->count(counts);
 }
 
-void ModelMeshing::finish(HelperJob::Outcome outcome)
+void ModelMeshing::succeed()
 {
-    if (outcome == HelperJob::Succeeded) {
-        count(m_job.counts());
-    } else if (m_mesh) {
-        m_mesh->take_back();
-    }
+    count(m_job.counts());
     m_mesh.reset();
-    switch (outcome) {
-    case HelperJob::Succeeded:
-        Q_EMIT meshed();
-        break;
-    case HelperJob::Failed:
-        Q_EMIT failed(m_job.error_text());
-        break;
-    case HelperJob::Cancelled:
-        Q_EMIT cancelled();
-        break;
+    Q_EMIT meshed();
+}
+
+void ModelMeshing::give_up()
+{
+    if (m_mesh) {
+        m_mesh->take_back();
+        m_mesh.reset();
     }
 }

@@ -1,16 +1,16 @@
 #pragma once
 
+#include <browser/window/HelperTask.hpp>
 #include <importers/MeshJob.hpp>
 #include <importers/UnfinishedMesh.hpp>
 #include <optional>
-#include <QObject>
 
 class EmbeddedKernel;
 
 /// Meshes the model of a kernel, and brings the counts of the elements into its groups as
 /// they grow. A mesh that fails or is cancelled leaves the counts and the groups as they were
 /// before.
-class ModelMeshing : public QObject
+class ModelMeshing : public HelperTask
 {
     Q_OBJECT
 
@@ -29,16 +29,13 @@ public:
     void reset();
 
 Q_SIGNALS:
-    void started();
-
-    /// The last signal of a mesh is one of these.
+    /// The groups hold the counts of the whole mesh.
     void meshed();
-    void failed(const QString& sentence);
-    void cancelled();
 
 private:
     void count(const MeshCounts& counts);
-    void finish(HelperJob::Outcome outcome);
+    void succeed() override;
+    void give_up() override;
 
     EmbeddedKernel& m_kernel;
     MeshJob m_job;
