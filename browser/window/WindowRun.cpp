@@ -109,6 +109,8 @@ ExitCode run_window(const CommandLine& command, int& argc, char** argv)
         return Failure;
     }
     const QApplication application(argc, argv);
+    // By which a desktop finds the icon of the window.
+    QGuiApplication::setDesktopFileName(QCoreApplication::applicationName());
     if (command.dark) {
         set_dark_colours();
     }
