@@ -167,10 +167,9 @@ void EditActions::make_create_actions()
 QAction* EditActions::make_create_action(ItemKind kind)
 {
     const ItemKindInfo& info = item_kind_info(kind);
-    const QString word = QString::fromStdString(info.word);
     auto* const action =
-        new QAction(QIcon(QString::fromStdString(info.icon)), capitalised(word), this);
-    action->setObjectName(QStringLiteral("create_%1").arg(word));
+        new QAction(QIcon(QString::fromStdString(info.icon)), capitalised(info.name), this);
+    action->setObjectName(QStringLiteral("create_%1").arg(QString::fromStdString(info.word)));
     connect(action, &QAction::triggered, this, [this, kind] { create(kind); });
     m_create_actions.insert(kind, action);
     return action;
