@@ -53,7 +53,7 @@ double MeshDialog::size_for(double extent)
     }
     const double size = extent / elements_along_diagonal;
     const double power = std::pow(10, std::floor(std::log10(size)));
-    // The next one below, by the middle of the two on a logarithmic scale.
+    // From which multiple of the power on which one is nearest, on a logarithmic scale.
     constexpr std::array steps{
         std::pair(7.1, 10.0), std::pair(3.2, 5.0), std::pair(1.4, 2.0), std::pair(0.0, 1.0)};
     const auto step = std::find_if(
