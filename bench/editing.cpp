@@ -8,6 +8,7 @@
 #include <browser/editing/KernelEditor.hpp>
 #include <browser/editing/SelectionLink.hpp>
 #include <browser/items/MirrorItems.hpp>
+#include <browser/window/EntityView.hpp>
 #include <chrono>
 #include <cmath>
 #include <embedded/EmbeddedKernel.hpp>
@@ -182,10 +183,8 @@ struct Front
     {
         mirror.connect_to_kesto();
         items.setIcons(&icons);
-        view.setUniformRowHeights(true);
         view.setModel(&rows);
         view.setSelectionModel(&link);
-        view.setSelectionMode(QAbstractItemView::ExtendedSelection);
         view.show();
     }
     ~Front()
@@ -201,7 +200,7 @@ struct Front
     EntityModel items;
     MirrorItems join{mirror, items};
     EntityFilter rows{items};
-    QTreeView view;
+    EntityView view;
     SelectionLink link{join, rows};
     KernelEditor editor{kernel, mirror};
 };
@@ -311,6 +310,41 @@ void show_only(benchmark::State& state, bool is_half)
     state.counters["back_ms"] = Milliseconds(back).count();
 }
 
+// One of so many bodies, each open with a volume in it, under a filter that shows them all; until
+// all rows tell so.
+void show_only_of_open_bodies(benchmark::State& state, const char* text)
+{
+    Front front;
+    ModelData model;
+    model.bodies.resize(std::size_t(state.range(0)));
+    model.volumes.resize(model.bodies.size());
+    for (std::size_t i = 0; i < model.bodies.size(); ++i) {
+        model.bodies[i].children = {int(i) + 1};
+    }
+    front.kernel.open_model(model, "bodies");
+    front.join.settle();
+    front.view.expandAll();
+    front.rows.set_text(text);
+    front.rows.settle();
+    QCoreApplication::processEvents();
+
+    Clock::duration longest{};
+    for (auto _ : state) {
+        longest = std::max(longest,
+            longest_wait(
+                [&] {
+                    front.editor.show_only({front.mirror.find_geometry(TreeGeometryData::BODY, 1)});
+                },
+                [&] { return front.join.is_settled() && front.rows.is_settled(); }));
+        state.PauseTiming();
+        front.editor.restore_visibility();
+        front.join.settle();
+        front.rows.settle();
+        state.ResumeTiming();
+    }
+    report_wait(state, longest);
+}
+
 // All bodies, which are members of one group.
 void DeleteMembers(benchmark::State& state)
 {
@@ -370,6 +404,18 @@ BENCHMARK_CAPTURE(show_only, one_body, false)
     ->Iterations(3);
 BENCHMARK_CAPTURE(show_only, half, true)
     ->Arg(100'000)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
+BENCHMARK_CAPTURE(show_only_of_open_bodies, no_filter, "")
+    ->Arg(50'000)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
+BENCHMARK_CAPTURE(show_only_of_open_bodies, bodies, "body")
+    ->Arg(50'000)
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(3);
+BENCHMARK_CAPTURE(show_only_of_open_bodies, volumes, "volume")
+    ->Arg(50'000)
     ->Unit(benchmark::kMillisecond)
     ->Iterations(3);
 BENCHMARK(DeleteMembers)->Arg(20'000)->Unit(benchmark::kMillisecond)->Iterations(1);

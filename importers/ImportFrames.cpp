@@ -1,6 +1,7 @@
 #include <importers/ImportFrames.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace {
@@ -12,7 +13,7 @@ constexpr std::size_t kind_position = 5;
 constexpr std::size_t size_position = 8;
 
 // Indexed by FrameKind.
-constexpr std::array<std::size_t, 7> payload_limits{
+constexpr std::array<std::size_t, 8> payload_limits{
     0,
     3,
     std::size_t{1} << 16,
@@ -20,6 +21,7 @@ constexpr std::array<std::size_t, 7> payload_limits{
     std::size_t{1} << 30,
     std::size_t{1} << 30,
     std::size_t{1} << 30,
+    32,
 };
 
 constexpr int stage_count = static_cast<int>(ImportStage::RaiseOrder) + 1;
@@ -83,6 +85,23 @@ std::optional<ImportProgress> unpack_progress(std::string_view payload)
     }
     return ImportProgress{static_cast<ImportStage>(payload[0]),
         steps == no_measure ? -1 : static_cast<double>(steps) / progress_steps};
+}
+
+std::string pack_extent(double extent)
+{
+    std::array<char, 32> text{};
+    const auto end = std::to_chars(text.begin(), text.end(), extent).ptr;
+    return {text.begin(), end};
+}
+
+std::optional<double> unpack_extent(std::string_view payload)
+{
+    double extent = 0;
+    const char* const end = payload.data() + payload.size();
+    const auto [stop, error] = std::from_chars(payload.data(), end, extent);
+    const bool is_extent =
+        error == std::errc() && stop == end && std::isfinite(extent) && extent >= 0;
+    return is_extent ? std::optional(extent) : std::nullopt;
 }
 
 void FrameReader::append(std::string_view bytes)

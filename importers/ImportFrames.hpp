@@ -29,7 +29,7 @@ struct ImportProgress
 };
 
 /// What a helper program sends: any number of progress reports, warnings and unfinished
-/// meshes, then one failure, one model or one mesh.
+/// meshes, the extent of a model, then one failure, one model or one mesh.
 enum class FrameKind : std::uint8_t {
     Progress = 1,
     Warning,
@@ -37,10 +37,11 @@ enum class FrameKind : std::uint8_t {
     Model,
     UnfinishedMesh,
     Mesh,
+    Extent,
 };
 
 /// One message of a helper program. Warnings and failures carry UTF-8 text, the
-/// other kinds what pack_progress(), pack_model() and pack_mesh() made.
+/// other kinds what pack_progress(), pack_extent(), pack_model() and pack_mesh() made.
 struct Frame
 {
     FrameKind kind = FrameKind::Progress;
@@ -59,6 +60,11 @@ std::string pack_progress(ImportProgress progress);
 
 /// Empty for a payload that pack_progress() cannot have made.
 std::optional<ImportProgress> unpack_progress(std::string_view payload);
+
+std::string pack_extent(double extent);
+
+/// Empty for a payload that is no number from 0 up.
+std::optional<double> unpack_extent(std::string_view payload);
 
 /// Cuts a stream of bytes into frames, in pieces as they arrive. Holds no more
 /// memory than has arrived.

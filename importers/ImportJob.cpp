@@ -25,6 +25,7 @@ void ImportJob::start(const QString& file)
 {
     if (begin(file)) {
         m_model = {};
+        m_extent = 0;
     }
 }
 
@@ -62,6 +63,9 @@ QStringList ImportJob::mesh_options() const
 
 bool ImportJob::take_result(const Frame& frame)
 {
+    if (frame.kind == FrameKind::Extent) {
+        return take_extent(frame.payload);
+    }
     auto model = frame.kind == FrameKind::Model ? unpack_model(frame.payload) : std::nullopt;
     if (!model) {
         return false;
@@ -69,6 +73,13 @@ bool ImportJob::take_result(const Frame& frame)
     m_model = std::move(*model);
     finish(Succeeded);
     return true;
+}
+
+bool ImportJob::take_extent(const std::string& payload)
+{
+    const auto extent = unpack_extent(payload);
+    m_extent = extent.value_or(0);
+    return extent.has_value();
 }
 
 QString ImportJob::failure_text(const QString& native_file, const QString& reason) const

@@ -32,14 +32,20 @@ public:
     /// taken before.
     ModelData take_model();
 
+    /// How large the model of the last import is: the diagonal of the box around it, in its units.
+    /// 0 if that is unknown, as for a mesh.
+    double extent() const { return m_extent; }
+
 private:
     void prepare() override;
     bool take_result(const Frame& frame) override;
     QString failure_text(const QString& native_file, const QString& reason) const override;
     QString cancelled_text(const QString& native_file) const override;
     QStringList mesh_options() const;
+    bool take_extent(const std::string& payload);
 
     ModelData m_model;
+    double m_extent = 0;
     bool m_trusts_scripts = false;
     bool m_makes_sets = false;
 };

@@ -131,19 +131,20 @@ ElementCounts whole(const MeshCounts& mesh)
 
 } // namespace
 
-void count_into_groups(EmbeddedKernel& kernel, const MeshCounts& mesh)
+int count_into_groups(EmbeddedKernel& kernel, const MeshCounts& mesh)
 {
     std::vector<std::string> names;
     std::vector<int> groups;
     KestoInterface::group_list(names, groups);
     const auto found = std::find(names.begin(), names.end(), whole_mesh_name);
-    const int whole_mesh = found == names.end()
-                               ? make_whole_mesh_group(kernel)
-                               : groups[static_cast<std::size_t>(found - names.begin())];
+    const bool is_missing = found == names.end();
+    const int whole_mesh = is_missing ? make_whole_mesh_group(kernel)
+                                      : groups[static_cast<std::size_t>(found - names.begin())];
     for (const int group : groups) {
         if (group != whole_mesh) {
             kernel.set_element_counts(group, MeshedMembers(group).counts_in(mesh));
         }
     }
     kernel.set_element_counts(whole_mesh, whole(mesh));
+    return is_missing ? whole_mesh : 0;
 }

@@ -11,4 +11,6 @@ class EmbeddedKernel;
 ///
 /// The counts must be those of the model that the kernel holds; entities beyond them count as
 /// without a mesh.
-void count_into_groups(EmbeddedKernel& kernel, const MeshCounts& mesh);
+///
+/// Gives back the id of the group "Mesh" if it made it, 0 otherwise.
+int count_into_groups(EmbeddedKernel& kernel, const MeshCounts& mesh);

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <browser/editing/FilterWalk.hpp>
-#include <chrono>
-#include <optional>
+#include <browser/editing/FilterSearch.hpp>
+#include <browser/editing/ShownTree.hpp>
 #include <QAbstractProxyModel>
 #include <QItemSelection>
-#include <QTimer>
-#include <vector>
 
 class EntityItem;
 class EntityModel;
@@ -35,27 +32,27 @@ public:
 
     EntityModel& items() const { return m_items; }
 
-    QString text() const { return m_text; }
+    QString text() const { return m_search.text(); }
 
     /// Begins a search, the first slice of it at once; a small tree needs no other. An empty
     /// text shows all rows at once, and emits filtered() with 0 of 0.
-    void set_text(const QString& text);
+    void set_text(const QString& text) { m_search.set_text(text); }
 
     /// How long a slice of the search takes, at least; 4 ms at first.
-    void set_slice(std::chrono::nanoseconds slice) { m_slice = slice; }
+    void set_slice(std::chrono::nanoseconds slice) { m_search.set_slice(slice); }
 
     /// True if there is a text.
-    bool is_active() const { return !m_text.isEmpty(); }
+    bool is_active() const { return m_search.is_active(); }
 
     /// False while what is shown is not what a new search would give.
-    bool is_settled() const;
+    bool is_settled() const { return m_search.is_settled(); }
 
     /// Ends the search at once.
-    void settle();
+    void settle() { m_search.settle(); }
 
     /// What the last search found, and among how many rows; headings do not count.
-    int hits() const { return m_hits; }
-    int rows() const { return m_rows; }
+    int hits() const { return m_search.hits(); }
+    int rows() const { return m_search.rows(); }
 
     /// The item of an index of this model; null for any other.
     EntityItem* item(const QModelIndex& index) const;
@@ -105,13 +102,6 @@ private:
         ORDER,
     };
 
-    // Some children of one parent, by row.
-    struct Siblings
-    {
-        EntityItem* parent; // Null for the root
-        std::vector<std::pair<int, EntityItem*>> rows;
-    };
-
     using QAbstractProxyModel::setSourceModel;
     void follow_items();
     void begin_insertion(const QModelIndex& parent, int first, int last);
@@ -127,36 +117,21 @@ private:
     void begin_reset();
     void end_reset();
     void drop_rows(EntityItem* parent, int first, int last);
-    std::pair<int, int> shown_part(EntityItem* parent, int first, int last) const;
     void reorder(EntityItem* parent);
 
-    void search_again();
-    void search_from_the_start();
-    void proceed();
-    void finish();
+    void take_in(ShownRows& shown);
     void show(ShownRows& shown);
     void tell_paths(const ShownRows& before);
     void rewrite_persistent_indexes();
 
     EntityItem* source_item(const QModelIndex& index) const;
-    EntityItem* child(EntityItem* parent, int row) const;
-    int row_of(EntityItem* item) const;
-    std::vector<Siblings> rows_of(const std::vector<EntityItem*>& items) const;
 
     EntityModel& m_items;
-    QString m_text;
-    mutable int m_row_found = 0; // A row to look at first, of a parent of many
-    ShownRows m_shown;
-    int m_hits = 0;
-    int m_rows = 0;
+    FilterSearch m_search;
+    ShownTree m_tree;
     Pending m_pending = Pending::NOTHING;
     EntityItem* m_pending_parent = nullptr;        // Of what Pending::ORDER is to order
     QList<QPersistentModelIndex> m_layout_parents; // Whose change of layout is passed on
     bool m_passes_layout_on = false;
     bool m_is_sorting = false;
-
-    std::chrono::nanoseconds m_slice = std::chrono::milliseconds(4);
-    std::optional<FilterWalk> m_walk; // The search under way
-    bool m_is_outdated = false;       // The search under way has missed something
-    QTimer m_timer;                   // To the next slice, or the next search
 };

@@ -35,7 +35,7 @@ void FilterWalk::rows_inserted(const EntityItem* parent, int first, int count)
 void FilterWalk::step()
 {
     Level& level = m_levels.back();
-    if (EntityItem* item = child(level.parent, level.next_row)) {
+    if (EntityItem* item = ShownRows::child_of(m_items, level.parent, level.next_row)) {
         look_at(item, level.next_row++);
     } else {
         leave_level();
@@ -67,9 +67,4 @@ void FilterWalk::leave_level()
         m_levels.back().list.push_back({left.parent, m_levels.back().next_row - 1});
         m_shown.set(left.parent, std::move(left.list));
     }
-}
-
-EntityItem* FilterWalk::child(const EntityItem* parent, int row) const
-{
-    return parent ? parent->getChild(row) : m_items.getEntity(m_items.index(row, 0));
 }

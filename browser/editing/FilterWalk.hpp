@@ -45,7 +45,6 @@ private:
     void step();
     void look_at(EntityItem* item, int row);
     void leave_level();
-    EntityItem* child(const EntityItem* parent, int row) const;
 
     const EntityModel& m_items;
     QStringMatcher m_matcher;

@@ -1,13 +1,18 @@
 #include <browser/editing/ShownRows.hpp>
 
 #include <algorithm>
-#include <treemodel/entity/EntityItem.hpp>
+#include <treemodel/entity/EntityModel.hpp>
 #include <unordered_set>
 
 EntityItem* ShownRows::parent_of(const EntityItem* item)
 {
     EntityItem* parent = item->getParentEntity();
     return parent && parent->getParentEntity() ? parent : nullptr;
+}
+
+EntityItem* ShownRows::child_of(const EntityModel& items, const EntityItem* parent, int row)
+{
+    return parent ? parent->getChild(row) : items.getEntity(items.index(row, 0));
 }
 
 const ShownRows::List* ShownRows::find(EntityItem* parent) const
@@ -39,11 +44,24 @@ bool ShownRows::shows_all_below(EntityItem* parent) const
     return shows_everything() || (parent && !find(parent) && shows(parent));
 }
 
-int ShownRows::row_in(const List& list, const EntityItem* item)
+int ShownRows::row_in(const List& list, const EntityItem* item) const
 {
-    const auto found =
-        std::find_if(list.begin(), list.end(), [item](const Row& row) { return row.item == item; });
-    return found == list.end() ? -1 : static_cast<int>(found - list.begin());
+    constexpr std::ptrdiff_t many = 64;
+    const auto is_wanted = [item](const Row& row) { return row.item == item; };
+    const auto near_end = list.begin() + std::min(m_last_row + 2, std::ssize(list));
+    const auto near_begin = near_end - std::min(std::ptrdiff_t(3), near_end - list.begin());
+    auto found = std::find_if(near_begin, near_end, is_wanted);
+    if (found == near_end) {
+        found = std::find_if(list.begin(), list.end(), is_wanted);
+    }
+    if (found == list.end()) {
+        return -1;
+    }
+    const auto row = found - list.begin();
+    if (row >= many) {
+        m_last_row = row;
+    }
+    return static_cast<int>(row);
 }
 
 void ShownRows::erase(EntityItem* parent, int first, int last)

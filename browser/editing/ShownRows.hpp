@@ -1,9 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <unordered_map>
 #include <vector>
 
 class EntityItem;
+class EntityModel;
 
 /// What a filter shows of an item tree: below a parent that has a list here the rows of the
 /// list, below any other one that is shown all rows. Without any list, the whole tree.
@@ -25,6 +27,9 @@ public:
     /// The parent of an item of the tree, null for a top-level one.
     static EntityItem* parent_of(const EntityItem* item);
 
+    /// An item by its parent, null for the root, and its row among all items.
+    static EntityItem* child_of(const EntityModel& items, const EntityItem* parent, int row);
+
     /// Null for a parent of which all rows are shown, or none.
     const List* find(EntityItem* parent) const;
     void set(EntityItem* parent, List list);
@@ -33,8 +38,9 @@ public:
     bool shows(EntityItem* item) const;
     bool shows_all_below(EntityItem* parent) const;
 
-    /// The row of an item in the list of its parent, -1 if it is not in it.
-    static int row_in(const List& list, const EntityItem* item);
+    /// The row of an item in the list of its parent, -1 if it is not in it. One of many is
+    /// found at once next to the one that was asked for before.
+    int row_in(const List& list, const EntityItem* item) const;
 
     /// Takes rows out of the list of their parent, with all lists below them.
     void erase(EntityItem* parent, int first, int last);
@@ -60,4 +66,5 @@ private:
     void erase_lists_from(EntityItem* item);
 
     std::unordered_map<EntityItem*, List> m_lists;
+    mutable std::ptrdiff_t m_last_row = 0; // In whatever list, found by row_in()
 };

@@ -74,6 +74,9 @@ struct ItemKindInfo
     /// The kernel's word for it: "surface", "contact pair". "geometry" for a category.
     std::string word;
 
+    /// That word in the language of the user.
+    QString name;
+
     /// "surfaces", "contact pairs". For a category what its row shows: "FEA boundary conditions".
     QString plural;
 

@@ -132,7 +132,7 @@ void MirrorRows::queue_places()
 void MirrorRows::read_changes(QDeadlineTimer deadline)
 {
     put_crowds_back();
-    QHash<EntityItem*, std::vector<EntityItem*>> repainted; // By parent
+    std::vector<EntityItem*> repainted;
     do {
         const auto [data, changes] = m_notes.take_change();
         if (!data->record()) {
@@ -144,12 +144,23 @@ void MirrorRows::read_changes(QDeadlineTimer deadline)
         if (key_changed) {
             data->updateModel(&m_front);
         } else if (visibility_changed || (changes & RecordItemData::Look)) {
-            data->iterateItems(
-                [&](EntityItem* item) { repainted[item->getParentEntity()].push_back(item); });
+            data->iterateItems([&](EntityItem* item) { repainted.push_back(item); });
         }
     } while (m_notes.has_changes() && !deadline.hasExpired());
-    for (auto parent = repainted.cbegin(); parent != repainted.cend(); ++parent) {
-        repaint(parent.key(), parent.value());
+    repaint(repainted);
+}
+
+// In the order of the changes, in which neighbours mostly follow each other: who hears of a row
+// looks for it near the last one.
+void MirrorRows::repaint(const std::vector<EntityItem*>& items)
+{
+    QHash<EntityItem*, std::vector<EntityItem*>> children;
+    for (EntityItem* item : items) {
+        children[item->getParentEntity()].push_back(item);
+    }
+    for (EntityItem* item : items) {
+        EntityItem* parent = item->getParentEntity();
+        repaint(parent, children.take(parent));
     }
 }
 

@@ -78,6 +78,7 @@ private:
     void set_crowds_aside(EntityItem* top);
     void put_crowds_back();
     bool is_mostly_dead(EntityItem* parent);
+    void repaint(const std::vector<EntityItem*>& items);
     void repaint(EntityItem* parent, const std::vector<EntityItem*>& children);
     void show_counts();
 

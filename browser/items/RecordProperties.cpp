@@ -25,7 +25,7 @@ public:
     QList<RecordProperty> all()
     {
         add(tr("Name"), m_record->name());
-        add(tr("Kind"), QString::fromStdString(item_kind_info(item_kind(m_record)).word));
+        add(tr("Kind"), item_kind_info(item_kind(m_record)).name);
         if (auto* mesh = qobject_cast<TreeMeshData*>(m_record)) {
             add(tr("Elements"), QString::number(mesh->element_count()));
         } else {

@@ -9,6 +9,7 @@
 #include <embedded/EmbeddedKernel.hpp>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 namespace {
@@ -166,10 +167,9 @@ void EditActions::make_create_actions()
 QAction* EditActions::make_create_action(ItemKind kind)
 {
     const ItemKindInfo& info = item_kind_info(kind);
-    const QString word = QString::fromStdString(info.word);
     auto* const action =
-        new QAction(QIcon(QString::fromStdString(info.icon)), capitalised(word), this);
-    action->setObjectName(QStringLiteral("create_%1").arg(word));
+        new QAction(QIcon(QString::fromStdString(info.icon)), capitalised(info.name), this);
+    action->setObjectName(QStringLiteral("create_%1").arg(QString::fromStdString(info.word)));
     connect(action, &QAction::triggered, this, [this, kind] { create(kind); });
     m_create_actions.insert(kind, action);
     return action;
@@ -257,22 +257,23 @@ void EditActions::restore()
 
 void EditActions::ask_to_delete()
 {
+    const KernelEditor::Records records = selected();
     auto* const box = new QMessageBox(QMessageBox::Question, tr("Delete"),
-        tr("Delete %1?").arg(SelectionCounts(selected()).text()), QMessageBox::Cancel, &m_tree);
+        tr("Delete %1?").arg(SelectionCounts(records).text()), QMessageBox::Cancel, &m_tree);
     box->setObjectName("delete");
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setInformativeText(tr("This cannot be undone."));
     box->setDefaultButton(box->addButton(tr("Delete"), QMessageBox::AcceptRole));
-    connect(box, &QMessageBox::accepted, this, &EditActions::remove_selected);
+    // Whatever is selected, and whatever has gone, by the time of the answer.
+    const QList<QPointer<TreeData>> asked(records.begin(), records.end());
+    connect(box, &QMessageBox::accepted, this, [this, asked] {
+        KernelEditor::Records present(asked.begin(), asked.end());
+        std::erase(present, nullptr);
+        if (!present.empty()) {
+            m_editor.remove(present);
+        }
+    });
     box->open();
-}
-
-// Deselects all at once: the selection is counted anew whenever one leaves it.
-void EditActions::remove_selected()
-{
-    const KernelEditor::Records records = selected();
-    m_tree.selection().select(QItemSelection(), QItemSelectionModel::Clear);
-    m_editor.remove(records);
 }
 
 void EditActions::apply_condition()

@@ -53,7 +53,6 @@ private:
     void show_only();
     void restore();
     void ask_to_delete();
-    void remove_selected();
     void apply_condition();
     void copy();
     void refresh();

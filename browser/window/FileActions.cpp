@@ -94,22 +94,26 @@ void FileActions::save() const
     QSettings().setValue(sets_key, m_makes_sets->isChecked());
 }
 
+void FileActions::follow(HelperTask& task, HelperJob& job, ProgressStrip& progress)
+{
+    progress.follow(job);
+    connect(&task, &HelperTask::failed, this, &FileActions::show_error);
+    connect(&task, &HelperTask::cancelled, this, &FileActions::told);
+}
+
 void FileActions::follow_opening()
 {
     m_opening_progress->setObjectName("opening_progress");
-    m_opening_progress->follow(m_opening.job());
+    follow(m_opening, m_opening.job(), *m_opening_progress);
     connect(&m_opening, &FileOpening::started, this,
         [this] { m_opening_progress->begin(QFileInfo(m_opening.file()).fileName()); });
     connect(&m_opening, &FileOpening::opened, this, &FileActions::take_in_opened);
-    connect(&m_opening, &FileOpening::failed, this, &FileActions::show_error);
-    connect(&m_opening, &FileOpening::cancelled, this,
-        [this] { Q_EMIT told(m_opening.job().error_text()); });
 }
 
 void FileActions::follow_meshing()
 {
     m_meshing_progress->setObjectName("meshing_progress");
-    m_meshing_progress->follow(m_meshing.job());
+    follow(m_meshing, m_meshing.job(), *m_meshing_progress);
     connect(&m_meshing, &ModelMeshing::started, this, [this] {
         m_meshing_progress->begin(tr("Mesh of %1").arg(QFileInfo(m_model_file).fileName()));
         m_mesh->setEnabled(false);
@@ -118,9 +122,6 @@ void FileActions::follow_meshing()
         [this] { m_mesh->setEnabled(!m_model_file.isEmpty()); });
     connect(&m_meshing, &ModelMeshing::meshed, this,
         [this] { Q_EMIT told(tr("Meshed %1").arg(QDir::toNativeSeparators(m_model_file))); });
-    connect(&m_meshing, &ModelMeshing::failed, this, &FileActions::show_error);
-    connect(&m_meshing, &ModelMeshing::cancelled, this,
-        [this] { Q_EMIT told(m_meshing.job().error_text()); });
 }
 
 void FileActions::choose_file_to_open()
@@ -175,6 +176,7 @@ void FileActions::take_in_opened(FileOpening::Mode mode)
     if (mode == FileOpening::Replace) {
         m_meshing.reset();
         m_model_file = ContentRule::of(file).reader == ContentRule::Cad ? file : QString();
+        m_element_size = MeshDialog::size_for(m_opening.job().extent());
         m_mesh->setEnabled(!m_model_file.isEmpty());
     }
     Q_EMIT opened(mode);
@@ -208,10 +210,12 @@ void FileActions::show_error(const QString& sentence)
 
 void FileActions::ask_to_mesh()
 {
-    auto* const dialog = new MeshDialog(m_window);
+    auto* const dialog = new MeshDialog(m_element_size, m_window);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(&m_opening, &FileOpening::opened, dialog, &QDialog::reject);
-    connect(dialog, &QDialog::accepted, this,
-        [this, dialog] { m_meshing.start(m_model_file, dialog->options()); });
+    connect(dialog, &QDialog::accepted, this, [this, dialog] {
+        m_element_size = dialog->options().element_size;
+        m_meshing.start(m_model_file, dialog->options());
+    });
     dialog->open();
 }

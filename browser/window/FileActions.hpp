@@ -48,6 +48,7 @@ Q_SIGNALS:
     void told(const QString& sentence);
 
 private:
+    void follow(HelperTask& task, HelperJob& job, ProgressStrip& progress);
     void follow_opening();
     void follow_meshing();
     void choose_file_to_open();
@@ -66,7 +67,8 @@ private:
     FileOpening m_opening;
     ModelMeshing m_meshing;
     RecentFiles m_recent_files;
-    QString m_model_file; // What the kernel holds and what can be meshed; may be empty
+    QString m_model_file;      // What the kernel holds and what can be meshed; may be empty
+    double m_element_size = 0; // To be proposed for a mesh of it
     QAction* m_mesh;
     QAction* m_makes_sets;
 };

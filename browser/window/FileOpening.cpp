@@ -5,12 +5,12 @@
 #include <stdexcept>
 
 FileOpening::FileOpening(EmbeddedKernel& kernel, QObject* parent)
-    : QObject(parent)
+    : HelperTask(parent)
     , m_kernel(kernel)
 {
     connect(&m_job, &ImportJob::warning, this,
         [this](const QString& sentence) { m_warnings << sentence; });
-    connect(&m_job, &ImportJob::finished, this, &FileOpening::finish);
+    follow(m_job);
 }
 
 void FileOpening::open(const QString& file, Mode mode, bool trusts_scripts)
@@ -24,22 +24,7 @@ void FileOpening::open(const QString& file, Mode mode, bool trusts_scripts)
     Q_EMIT started();
 }
 
-void FileOpening::finish(HelperJob::Outcome outcome)
-{
-    switch (outcome) {
-    case HelperJob::Succeeded:
-        hand_over();
-        break;
-    case HelperJob::Failed:
-        Q_EMIT failed(m_job.error_text());
-        break;
-    case HelperJob::Cancelled:
-        Q_EMIT cancelled();
-        break;
-    }
-}
-
-void FileOpening::hand_over()
+void FileOpening::succeed()
 {
     try {
         const ModelData model = m_job.take_model();

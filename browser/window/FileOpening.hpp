@@ -1,5 +1,6 @@
 #pragma once
 
+#include <browser/window/HelperTask.hpp>
 #include <importers/ImportJob.hpp>
 #include <QStringList>
 
@@ -7,7 +8,7 @@ class EmbeddedKernel;
 
 /// Reads files into a kernel, one at a time. A file that cannot be read, or is cancelled,
 /// leaves the kernel as it was.
-class FileOpening : public QObject
+class FileOpening : public HelperTask
 {
     Q_OBJECT
 
@@ -35,17 +36,12 @@ public:
     QStringList warnings() const { return m_warnings; }
 
 Q_SIGNALS:
-    void started();
-
-    /// The last signal of an opening is one of these. The kernel holds the model (has not
-    /// changed, and `sentence` tells why).
+    /// The kernel holds the model.
     void opened(FileOpening::Mode mode);
-    void failed(const QString& sentence);
-    void cancelled();
 
 private:
-    void finish(HelperJob::Outcome outcome);
-    void hand_over();
+    void succeed() override;
+    void give_up() override {}
 
     EmbeddedKernel& m_kernel;
     ImportJob m_job;

@@ -1,5 +1,8 @@
 #include <browser/window/MeshDialog.hpp>
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
@@ -9,19 +12,17 @@
 
 namespace {
 
-constexpr const char* size_key = "mesh/element_size";
 constexpr const char* order_key = "mesh/element_order";
 
 } // namespace
 
-MeshDialog::MeshDialog(QWidget* parent)
+MeshDialog::MeshDialog(double element_size, QWidget* parent)
     : QDialog(parent)
     , m_size(new QDoubleSpinBox)
     , m_order(new QSpinBox)
 {
     constexpr double smallest = 1e-6;
     constexpr double largest = 1e6;
-    constexpr double first_size = 10;
     constexpr int highest_order = 3;
     const QSettings settings;
 
@@ -29,7 +30,7 @@ MeshDialog::MeshDialog(QWidget* parent)
     m_size->setDecimals(6);
     m_size->setRange(smallest, largest);
     m_size->setStepType(QAbstractSpinBox::AdaptiveDecimalStepType);
-    m_size->setValue(settings.value(size_key, first_size).toDouble());
+    m_size->setValue(element_size);
     m_order->setRange(1, highest_order);
     m_order->setValue(settings.value(order_key, 1).toInt());
 
@@ -44,6 +45,22 @@ MeshDialog::MeshDialog(QWidget* parent)
     layout->addRow(buttons);
 }
 
+double MeshDialog::size_for(double extent)
+{
+    constexpr double elements_along_diagonal = 40;
+    if (extent <= 0) {
+        return 1;
+    }
+    const double size = extent / elements_along_diagonal;
+    const double power = std::pow(10, std::floor(std::log10(size)));
+    // From which multiple of the power on which one is nearest, on a logarithmic scale.
+    constexpr std::array steps{
+        std::pair(7.1, 10.0), std::pair(3.2, 5.0), std::pair(1.4, 2.0), std::pair(0.0, 1.0)};
+    const auto step = std::find_if(
+        steps.begin(), steps.end(), [&](const auto& row) { return size / power >= row.first; });
+    return step->second * power;
+}
+
 MeshJob::Options MeshDialog::options() const
 {
     return {.element_size = m_size->value(), .element_order = m_order->value()};
@@ -52,7 +69,6 @@ MeshJob::Options MeshDialog::options() const
 void MeshDialog::accept()
 {
     QSettings settings;
-    settings.setValue(size_key, m_size->value());
     settings.setValue(order_key, m_order->value());
     QDialog::accept();
 }

@@ -3,11 +3,11 @@
 #include <importers/MeshGroups.hpp>
 
 ModelMeshing::ModelMeshing(EmbeddedKernel& kernel, QObject* parent)
-    : QObject(parent)
+    : HelperTask(parent)
     , m_kernel(kernel)
 {
     connect(&m_job, &MeshJob::counted, this, [this](const MeshCounts& counts) { count(counts); });
-    connect(&m_job, &HelperJob::finished, this, &ModelMeshing::finish);
+    follow(m_job);
 }
 
 void ModelMeshing::start(const QString& file, const MeshJob::Options& options)
@@ -20,35 +20,29 @@ void ModelMeshing::start(const QString& file, const MeshJob::Options& options)
 
 void ModelMeshing::reset()
 {
-    // The groups with its counts have gone.
-    m_is_counted = false;
-    m_last_counts = {};
+    m_mesh.reset();
     m_job.cancel();
 }
 
 void ModelMeshing::count(const MeshCounts& counts)
 {
-    m_is_counted = true;
-    count_into_groups(m_kernel, counts);
+    if (!m_mesh) {
+        m_mesh.emplace(m_kernel);
+    }
+    m_mesh->count(counts);
 }
 
-void ModelMeshing::finish(HelperJob::Outcome outcome)
+void ModelMeshing::succeed()
 {
-    if (outcome == HelperJob::Succeeded) {
-        m_last_counts = m_job.counts();
-        count(m_last_counts);
-    } else if (m_is_counted) {
-        count(m_last_counts);
-    }
-    switch (outcome) {
-    case HelperJob::Succeeded:
-        Q_EMIT meshed();
-        break;
-    case HelperJob::Failed:
-        Q_EMIT failed(m_job.error_text());
-        break;
-    case HelperJob::Cancelled:
-        Q_EMIT cancelled();
-        break;
+    count(m_job.counts());
+    m_mesh.reset();
+    Q_EMIT meshed();
+}
+
+void ModelMeshing::give_up()
+{
+    if (m_mesh) {
+        m_mesh->take_back();
+        m_mesh.reset();
     }
 }

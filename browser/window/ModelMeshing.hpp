@@ -1,13 +1,16 @@
 #pragma once
 
+#include <browser/window/HelperTask.hpp>
 #include <importers/MeshJob.hpp>
-#include <QObject>
+#include <importers/UnfinishedMesh.hpp>
+#include <optional>
 
 class EmbeddedKernel;
 
 /// Meshes the model of a kernel, and brings the counts of the elements into its groups as
-/// they grow. A mesh that fails or is cancelled leaves the counts as they were before.
-class ModelMeshing : public QObject
+/// they grow. A mesh that fails or is cancelled leaves the counts and the groups as they were
+/// before.
+class ModelMeshing : public HelperTask
 {
     Q_OBJECT
 
@@ -22,23 +25,19 @@ public:
     /// being made.
     void start(const QString& file, const MeshJob::Options& options);
 
-    /// The kernel has another model: ends a mesh that is being made, and forgets the last one.
+    /// The kernel has another model: ends a mesh that is being made, and touches no group.
     void reset();
 
 Q_SIGNALS:
-    void started();
-
-    /// The last signal of a mesh is one of these.
+    /// The groups hold the counts of the whole mesh.
     void meshed();
-    void failed(const QString& sentence);
-    void cancelled();
 
 private:
     void count(const MeshCounts& counts);
-    void finish(HelperJob::Outcome outcome);
+    void succeed() override;
+    void give_up() override;
 
     EmbeddedKernel& m_kernel;
     MeshJob m_job;
-    MeshCounts m_last_counts;
-    bool m_is_counted = false; // The groups hold counts of a mesh
+    std::optional<UnfinishedMesh> m_mesh; // Since the first counts of the job
 };

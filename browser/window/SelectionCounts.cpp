@@ -24,8 +24,8 @@ QString SelectionCounts::text() const
         const int count = m_counts[static_cast<std::size_t>(kind)];
         if (count > 0) {
             const ItemKindInfo& info = item_kind_info(ItemKind(kind));
-            parts << QStringLiteral("%1 %2").arg(QLocale().toString(count),
-                count == 1 ? QString::fromStdString(info.word) : info.plural);
+            parts << QStringLiteral("%1 %2").arg(
+                QLocale().toString(count), count == 1 ? info.name : info.plural);
         }
     }
     return parts.join(QLatin1String(", "));

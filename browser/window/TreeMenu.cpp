@@ -74,8 +74,7 @@ void TreeMenu::fill_for_category(QMenu* menu, EntityItem* item)
     for (int type = 0; type < int(ItemKind::FirstCategory); ++type) {
         const ItemKindInfo& info = item_kind_info(ItemKind(type));
         if (info.category == category) {
-            create_new_item_action(
-                item, type, create, QString::fromStdString(info.word), info.icon.c_str());
+            create_new_item_action(item, type, create, info.name, info.icon.c_str());
         }
     }
     create->setEnabled(!create->isEmpty());

@@ -6,8 +6,10 @@
 #include <browser/window/DarkPalette.hpp>
 #include <browser/window/MainWindow.hpp>
 #include <browser/window/Screenshot.hpp>
+#include <browser/window/Translations.hpp>
 #include <browser/window/TreePane.hpp>
 #include <QApplication>
+#include <QLocale>
 #include <QTextStream>
 
 namespace {
@@ -109,6 +111,9 @@ ExitCode run_window(const CommandLine& command, int& argc, char** argv)
         return Failure;
     }
     const QApplication application(argc, argv);
+    // By which a desktop finds the icon of the window.
+    QGuiApplication::setDesktopFileName(QCoreApplication::applicationName());
+    install_translations(QLocale::system());
     if (command.dark) {
         set_dark_colours();
     }

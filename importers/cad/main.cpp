@@ -3,6 +3,7 @@
 
 #include <cstdlib>
 #include <importers/cad/CadModel.hpp>
+#include <importers/cad/ModelExtent.hpp>
 #include <importers/helper/HelperProgram.hpp>
 #include <iostream>
 
@@ -14,7 +15,9 @@ int main(int argc, char* argv[])
         return EXIT_FAILURE;
     }
     run_helper([file = argv[1]](FrameChannel& channel) {
-        with_cad_model(file, channel,
-            [&channel](const ModelBuilder& builder) { send_model(builder.model(), channel); });
+        with_cad_model(file, channel, [&channel](const ModelBuilder& builder) {
+            channel.send(FrameKind::Extent, pack_extent(extent_of(builder)));
+            send_model(builder.model(), channel);
+        });
     });
 }

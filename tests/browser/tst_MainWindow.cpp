@@ -76,6 +76,7 @@ private Q_SLOTS:
     void rowWithoutANameOfItsOwnTellsSo();
     void deleteAsksAndDeletes();
     void whatIsDeletedIsDeselectedAtOnce();
+    void deleteMeansWhatWasSelectedWhenItWasAsked();
     void deleteCanBeCalledOff();
     void deleteInTheFilterDeletesText();
     void hideAndShowTurnVisibility();
@@ -424,6 +425,28 @@ void tst_MainWindow::whatIsDeletedIsDeselectedAtOnce()
     QCOMPARE(selection.size(), 1);
     QVERIFY(kernel_selection.empty());
     QVERIFY(!body(1) && !body(2));
+}
+
+void tst_MainWindow::deleteMeansWhatWasSelectedWhenItWasAsked()
+{
+    const int gone = session->kernel().create_body({}, "Gone");
+    const int other = session->kernel().create_body({}, "Other");
+    settle();
+    click(body(2));
+    click(body(gone), Qt::ControlModifier);
+    QTest::keyClick(&view(), Qt::Key_Delete);
+    const auto* const box = tree().findChild<QMessageBox*>("delete");
+    QCOMPARE(box->text(), "Delete 2 bodies?");
+
+    // The kernel goes on while the question stands.
+    session->kernel().remove(EntityKind::BODY, gone);
+    session->kernel().select_none();
+    session->kernel().select(EntityKind::BODY, {1});
+    box->defaultButton()->click();
+
+    QVERIFY(!body(2));
+    QVERIFY2(body(1) && body(other), "what nobody asked about was deleted");
+    QCOMPARE(int(kernel_selection.size()), 1);
 }
 
 void tst_MainWindow::deleteCanBeCalledOff()

@@ -1,5 +1,6 @@
 #include <browser/KernelSession.hpp>
 #include <browser/window/MainWindow.hpp>
+#include <browser/window/MeshDialog.hpp>
 #include <memory>
 #include <QDoubleSpinBox>
 #include <QDragEnterEvent>
@@ -41,7 +42,10 @@ private Q_SLOTS:
     void scriptRunsOnlyAfterAQuestion();
     void namedPartsBecomeSetsIfWanted();
     void openedModelIsMeshed();
-    void cancelledMeshLeavesNoCounts();
+    void proposedElementSizeIsARoundPartOfTheModel_data();
+    void proposedElementSizeIsARoundPartOfTheModel();
+    void elementSizeIsKeptUntilTheNextModel();
+    void cancelledMeshLeavesNothing();
     void meshThatCountedNothingLeavesNoGroup();
     void modelThatIsReplacedTakesItsMeshAlong();
     void openedFilesAreRecent();
@@ -53,6 +57,7 @@ private:
     void open(const QString& file);
     QString body_name(int id) const;
     QStringList recent_menu() const;
+    MeshDialog* ask_to_mesh() const;
 
     QTemporaryDir m_folder;
     std::unique_ptr<KernelSession> session;
@@ -118,6 +123,12 @@ QStringList tst_OpeningInTheWindow::recent_menu() const
         }
     }
     return {};
+}
+
+MeshDialog* tst_OpeningInTheWindow::ask_to_mesh() const
+{
+    window->findChild<QAction*>("mesh")->trigger();
+    return window->findChild<MeshDialog*>();
 }
 
 void tst_OpeningInTheWindow::openedFileReplacesTheModel()
@@ -306,15 +317,14 @@ void tst_OpeningInTheWindow::openedModelIsMeshed()
 #ifndef MESH_HELPER_DIR
     QSKIP("the helper program that makes meshes is not built");
 #else
-    auto* const mesh = window->findChild<QAction*>("mesh");
+    const auto* const mesh = window->findChild<QAction*>("mesh");
     QVERIFY(!mesh->isEnabled());
     window->files().opening().job().set_helper_folder(MESH_HELPER_DIR);
     window->files().meshing().job().set_helper_folder(MESH_HELPER_DIR);
     open(EXAMPLE_MODELS_DIR "/pile.brep");
     QVERIFY(mesh->isEnabled());
 
-    mesh->trigger();
-    auto* const dialog = window->findChild<QDialog*>();
+    MeshDialog* const dialog = ask_to_mesh();
     QVERIFY(dialog);
     dialog->findChild<QDoubleSpinBox*>()->setValue(1000);
     QSignalSpy meshed(&window->files().meshing(), &ModelMeshing::meshed);
@@ -331,7 +341,52 @@ void tst_OpeningInTheWindow::openedModelIsMeshed()
 #endif
 }
 
-void tst_OpeningInTheWindow::cancelledMeshLeavesNoCounts()
+void tst_OpeningInTheWindow::proposedElementSizeIsARoundPartOfTheModel_data()
+{
+    QTest::addColumn<double>("extent");
+    QTest::addColumn<double>("size");
+    QTest::newRow("unknown") << 0.0 << 1.0;
+    QTest::newRow("exact") << 400.0 << 10.0;
+    QTest::newRow("rounded down") << 550.0 << 10.0;
+    QTest::newRow("rounded up") << 570.0 << 20.0;
+    QTest::newRow("fifty") << 2000.0 << 50.0;
+    QTest::newRow("next power") << 2900.0 << 100.0;
+    QTest::newRow("small") << 0.008 << 0.0002;
+    QTest::newRow("smaller than can be entered") << 1e-9 << 1e-6;
+    QTest::newRow("larger than can be entered") << 1e12 << 1e6;
+}
+
+void tst_OpeningInTheWindow::proposedElementSizeIsARoundPartOfTheModel()
+{
+    QFETCH(double, extent);
+    QFETCH(double, size);
+    open(script({QStringLiteral("frame 7 %1").arg(extent), "model New"}));
+
+    const MeshDialog* const dialog = ask_to_mesh();
+
+    QVERIFY(dialog);
+    QCOMPARE(dialog->options().element_size, size);
+}
+
+void tst_OpeningInTheWindow::elementSizeIsKeptUntilTheNextModel()
+{
+    open(script({"frame 7 400", "model One"}));
+    MeshDialog* dialog = ask_to_mesh();
+    dialog->findChild<QDoubleSpinBox*>()->setValue(3);
+    dialog->accept();
+    window->files().meshing().job().cancel();
+    QTRY_VERIFY(!window->findChild<MeshDialog*>());
+
+    dialog = ask_to_mesh();
+    QCOMPARE(dialog->options().element_size, 3.0);
+    dialog->reject();
+    QTRY_VERIFY(!window->findChild<MeshDialog*>());
+
+    open(script({"frame 7 4000", "model Two"}, "two.step"));
+    QCOMPARE(ask_to_mesh()->options().element_size, 100.0);
+}
+
+void tst_OpeningInTheWindow::cancelledMeshLeavesNothing()
 {
 #ifndef MESH_HELPER_DIR
     QSKIP("the helper program that makes meshes is not built");
@@ -347,6 +402,7 @@ void tst_OpeningInTheWindow::cancelledMeshLeavesNoCounts()
     auto* const strip = window->findChild<QWidget*>("meshing_progress");
     QTest::mouseClick(strip->findChild<QPushButton*>("cancel"), Qt::LeftButton);
     QVERIFY(session->mirror().mesh_data().empty());
+    QVERIFY2(session->mirror().groups().empty(), "the group of the whole mesh is left, empty");
     QVERIFY(!strip->isVisible());
 #endif
 }

@@ -1,87 +1,36 @@
 #pragma once
 
+#include "JobLog.hpp"
+#include "TestFiles.hpp"
+
 #include <importers/ImportJob.hpp>
-#include <QElapsedTimer>
-#include <QRegularExpression>
-#include <QStringList>
-#include <QTest>
+#include <map>
+#include <QRandomGenerator>
 
-/// Writes down the signals of a job, a line each.
-class JobLog : public QObject
+/// An import job, run for one file after the other, and the log of it.
+class ImportLog
 {
 public:
-    explicit JobLog(HelperJob& job)
-        : m_job(job)
+    /// Of the helper programs in that folder.
+    explicit ImportLog(const char* helper_folder)
     {
-        connect(&job, &HelperJob::progress, this, [this](const QString& stage, double fraction) {
-            m_lines << QStringLiteral("progress: %1 %2").arg(stage).arg(fraction);
-        });
-        connect(&job, &HelperJob::warning, this,
-            [this](const QString& sentence) { m_lines << QStringLiteral("warning: ") + sentence; });
-        connect(&job, &HelperJob::finished, this, [this](HelperJob::Outcome outcome) {
-            static const QStringList names{
-                QStringLiteral("Succeeded"), QStringLiteral("Failed"), QStringLiteral("Cancelled")};
-            m_lines << QStringLiteral("finished: ") + names.at(outcome);
-        });
+        m_job.set_helper_folder(QString::fromUtf8(helper_folder));
     }
 
-    const QStringList& lines() const { return m_lines; }
-    QString last() const { return m_lines.isEmpty() ? QString() : m_lines.last(); }
+    ImportJob& job() { return m_job; }
 
-    QStringList warnings() const
-    {
-        static const QRegularExpression prefix(QStringLiteral("^warning: "));
-        return m_lines.filter(prefix).replaceInStrings(prefix, {});
-    }
-
-    /// The texts of the stages, each once, in the order in which they were reported.
-    QStringList stages() const
-    {
-        QStringList stages;
-        for (const auto& line : m_lines) {
-            const auto stage = line.section(QLatin1Char(' '), 1, -2);
-            if (line.startsWith(QLatin1String("progress")) &&
-                (stages.isEmpty() || stages.last() != stage)) {
-                stages << stage;
-            }
-        }
-        return stages;
-    }
-
-    static bool is_sentence(const QString& text)
-    {
-        return text.startsWith(QLatin1String("Cannot import \"")) &&
-               text.endsWith(QLatin1Char('.')) && !text.endsWith(QLatin1String("..")) &&
-               !text.contains(QLatin1Char('\n'));
-    }
-
-    void wait() const
-    {
-        QVERIFY2(QTest::qWaitFor([this] { return !m_job.is_running(); }, 120'000),
-            "the job does not end");
-    }
-
-    void clear() { m_lines.clear(); }
-
-private:
-    HelperJob& m_job;
-    QStringList m_lines;
-};
-
-/// The same for imports, which it can start.
-class ImportLog : public JobLog
-{
-public:
-    explicit ImportLog(ImportJob& job)
-        : JobLog(job)
-        , m_job(job)
-    {
-    }
+    QStringList lines() const { return m_log.lines(); }
+    QString last() const { return m_log.last(); }
+    QStringList warnings() const { return m_log.warnings(); }
+    QStringList stages() const { return m_log.stages(); }
+    QString error_text() const { return m_job.error_text(); }
+    ModelData take_model() { return m_job.take_model(); }
+    void wait() const { m_log.wait(); }
 
     /// Starts an import and waits for its end.
     void import(const QString& file)
     {
-        clear();
+        m_log.clear();
         m_job.start(file);
         wait();
     }
@@ -91,11 +40,53 @@ public:
     {
         import(file);
         if (last() != QLatin1String("finished: Succeeded")) {
-            qWarning("%s", qPrintable(m_job.error_text()));
+            qWarning("%s", qPrintable(error_text()));
         }
-        return m_job.take_model();
+        return take_model();
+    }
+
+    /// Fails the test unless the last import has failed with one sentence and without a model.
+    void verify_failure()
+    {
+        const QString text = error_text();
+        QCOMPARE(last(), QStringLiteral("finished: Failed"));
+        QVERIFY2(text.startsWith(QLatin1String("Cannot import \"")) &&
+                     text.endsWith(QLatin1Char('.')) && !text.endsWith(QLatin1String("..")) &&
+                     !text.contains(QLatin1Char('\n')),
+            qPrintable(text));
+        QCOMPARE(entity_counts(take_model()), entity_counts({}));
+    }
+
+    /// Imports so many files, each of which is one of the sources but for a few bytes. Fails the
+    /// test unless each becomes a model, which `is_whole` accepts, or a sentence, and both occur.
+    void verify_damaged_files(const QList<QByteArray>& sources, int file_count, quint32 seed,
+        bool (*is_whole)(const ModelData& model))
+    {
+        const QTemporaryDir folder;
+        QRandomGenerator random(seed);
+        std::map<QString, int> outcomes;
+        for (int i = 0; i < file_count; ++i) {
+            auto bytes = sources.at(i % sources.size());
+            for (int changes = random.bounded(1, 6); changes > 0; --changes) {
+                bytes[random.bounded(bytes.size())] = static_cast<char>(random.bounded(256));
+            }
+
+            import(write_file(folder, QStringLiteral("damaged"), bytes));
+
+            ++outcomes[last()];
+            if (last() == QLatin1String("finished: Succeeded")) {
+                QVERIFY(is_whole(take_model()));
+            } else {
+                verify_failure();
+            }
+            if (QTest::currentTestFailed()) {
+                return;
+            }
+        }
+        QCOMPARE(outcomes.size(), std::size_t(2));
     }
 
 private:
-    ImportJob& m_job;
+    ImportJob m_job;
+    JobLog m_log{m_job};
 };

@@ -1,12 +1,10 @@
 #include "ImportLog.hpp"
-#include "TestFiles.hpp"
 
 #include <algorithm>
-#include <map>
+#include <cmath>
 #include <memory>
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
@@ -73,12 +71,7 @@ class tst_CadImport : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        m_job = std::make_unique<ImportJob>();
-        m_job->set_helper_folder(QStringLiteral(CAD_HELPER_DIR));
-        m_log = std::make_unique<ImportLog>(*m_job);
-    }
+    void init() { m_log = std::make_unique<ImportLog>(CAD_HELPER_DIR); }
 
     void everyExampleHasItsCounts_data()
     {
@@ -105,6 +98,28 @@ private Q_SLOTS:
         QFETCH(QString, expected);
 
         QCOMPARE(entity_counts(imported(example(name))), expected);
+    }
+
+    void extentIsTheDiagonalOfTheModel_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<double>("diagonal");
+
+        QTest::newRow("assembly") << "pump_station.step" << std::hypot(300, 600, 140);
+        QTest::newRow("conformal part") << "pile.brep" << std::hypot(20, 20, 15);
+        QTest::newRow("sheet") << "roof.step" << std::hypot(20, 20, 11);
+        QTest::newRow("solid") << "bracket.iges" << std::hypot(40, 30, 40);
+    }
+
+    void extentIsTheDiagonalOfTheModel()
+    {
+        QFETCH(QString, name);
+        QFETCH(double, diagonal);
+
+        imported(example(name));
+
+        QVERIFY2(std::abs(m_log->job().extent() - diagonal) < 0.01 * diagonal,
+            qPrintable(QString::number(m_log->job().extent())));
     }
 
     void formatIsFoundUnderAnyName_data()
@@ -269,7 +284,7 @@ private Q_SLOTS:
 
         QCOMPARE(warnings(), QStringList{"The part \"Guide lines\" has no geometry of its own and "
                                          "was left out."});
-        QCOMPARE(m_job->take_model().bodies.size(), std::size_t(1));
+        QCOMPARE(m_log->take_model().bodies.size(), std::size_t(1));
     }
 
     void damagedColourIsIgnoredWithAWarning()
@@ -322,11 +337,9 @@ private Q_SLOTS:
 
         m_log->import(path);
 
-        QCOMPARE(m_log->last(), QStringLiteral("finished: Failed"));
         const auto beginning = QStringLiteral("Cannot import \"%1\": %2").arg(path, reason);
-        QVERIFY2(m_job->error_text().startsWith(beginning), qPrintable(m_job->error_text()));
-        QVERIFY2(ImportLog::is_sentence(m_job->error_text()), qPrintable(m_job->error_text()));
-        QCOMPARE(entity_counts(m_job->take_model()), entity_counts({}));
+        QVERIFY2(m_log->error_text().startsWith(beginning), qPrintable(m_log->error_text()));
+        m_log->verify_failure();
     }
 
     void placeWithoutAFileBecomesASentence_data()
@@ -351,7 +364,7 @@ private Q_SLOTS:
 
         QCOMPARE(m_log->lines(), QStringList{"finished: Failed"});
         QCOMPARE(
-            m_job->error_text(), QStringLiteral("Cannot import \"%1\": %2.").arg(path, reason));
+            m_log->error_text(), QStringLiteral("Cannot import \"%1\": %2.").arg(path, reason));
     }
 
     void damagedFilesGiveAModelOrASentence()
@@ -359,30 +372,10 @@ private Q_SLOTS:
         const QList<QByteArray> sources{content_of(example("roof.step")),
             content_of(example("pile.brep")), content_of(example("bracket.iges")),
             content_of(example("pump_station.step"))};
-        m_job->set_silence_limit(1s);
-        QRandomGenerator random(2);
-        std::map<QString, int> outcomes;
-        for (int i = 0; i < damaged_file_count; ++i) {
-            auto bytes = sources.at(i % sources.size());
-            for (int changes = random.bounded(1, 6); changes > 0; --changes) {
-                bytes[random.bounded(bytes.size())] = static_cast<char>(random.bounded(256));
-            }
+        m_log->job().set_silence_limit(1s);
 
-            m_log->import(write_file(m_folder, "damaged", bytes));
-
-            ++outcomes[m_log->last()];
-            if (m_log->last() == "finished: Failed") {
-                QVERIFY2(
-                    ImportLog::is_sentence(m_job->error_text()), qPrintable(m_job->error_text()));
-                QCOMPARE(entity_counts(m_job->take_model()), entity_counts({}));
-            } else {
-                QVERIFY(!m_job->take_model().vertices.empty());
-            }
-        }
-        QVERIFY(outcomes["finished: Succeeded"] > 0);
-        QVERIFY(outcomes["finished: Failed"] > 0);
-        QCOMPARE(
-            outcomes["finished: Succeeded"] + outcomes["finished: Failed"], damaged_file_count);
+        m_log->verify_damaged_files(sources, damaged_file_count, 2,
+            [](const ModelData& model) { return !model.vertices.empty(); });
     }
 
 private:
@@ -390,7 +383,6 @@ private:
     ModelData imported(const QString& path) { return m_log->imported(path); }
 
     QTemporaryDir m_folder;
-    std::unique_ptr<ImportJob> m_job;
     std::unique_ptr<ImportLog> m_log;
 };
 

@@ -1,4 +1,5 @@
 #include <importers/ImportFrames.hpp>
+#include <limits>
 #include <QTest>
 
 namespace {
@@ -35,6 +36,7 @@ private Q_SLOTS:
         QTest::newRow("large model") << int(FrameKind::Model) << 3'000'000;
         QTest::newRow("unfinished mesh") << int(FrameKind::UnfinishedMesh) << 100;
         QTest::newRow("mesh") << int(FrameKind::Mesh) << 100;
+        QTest::newRow("extent") << int(FrameKind::Extent) << 7;
     }
 
     void frameArrivesAsItWasSent()
@@ -106,7 +108,7 @@ private Q_SLOTS:
         add("wrong mark", with_byte(good, 0, 'X'));
         add("other version", with_byte(good, 4, 2));
         add("kind zero", with_byte(good, 5, 0));
-        add("unknown kind", with_byte(good, 5, 7));
+        add("unknown kind", with_byte(good, 5, 8));
         add("largest kind", with_byte(good, 5, '\xff'));
         add("something in the empty bytes", with_byte(good, 6, 1));
         add("more than a warning holds", with_byte(good, 10, 2));
@@ -172,6 +174,42 @@ private Q_SLOTS:
         QFETCH(QByteArray, payload);
 
         QVERIFY(!unpack_progress(payload.toStdString()));
+    }
+
+    void extentIsKept_data()
+    {
+        QTest::addColumn<double>("extent");
+
+        QTest::newRow("none") << 0.0;
+        QTest::newRow("fraction") << 0.1;
+        QTest::newRow("smallest") << std::numeric_limits<double>::denorm_min();
+        QTest::newRow("largest") << std::numeric_limits<double>::max();
+    }
+
+    void extentIsKept()
+    {
+        QFETCH(double, extent);
+
+        const auto payload = pack_extent(extent);
+
+        QVERIFY(payload.size() <= largest_payload(FrameKind::Extent));
+        QVERIFY(unpack_extent(payload) == extent);
+    }
+
+    void wrongExtentIsRefused_data()
+    {
+        QTest::addColumn<QByteArray>("payload");
+
+        for (const char* const payload : {"", "-1", "inf", "nan", "1 ", "1e999", "large"}) {
+            QTest::newRow(payload) << QByteArray(payload);
+        }
+    }
+
+    void wrongExtentIsRefused()
+    {
+        QFETCH(QByteArray, payload);
+
+        QVERIFY(!unpack_extent(payload.toStdString()));
     }
 };
 

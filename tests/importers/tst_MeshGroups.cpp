@@ -2,6 +2,7 @@
 
 #include <embedded/EmbeddedKernel.hpp>
 #include <importers/MeshGroups.hpp>
+#include <importers/UnfinishedMesh.hpp>
 #include <QTest>
 #include <treemodel/kernel/KestoInterface.hpp>
 
@@ -150,6 +151,56 @@ private Q_SLOTS:
         count_into_groups(kernel, mesh());
 
         QCOMPARE(elements_of(group), QStringLiteral("1 nodes"));
+    }
+
+    void unfinishedMeshThatIsTakenBackLeavesNothing()
+    {
+        EmbeddedKernel kernel;
+        kernel.open_model(model(), "file");
+        UnfinishedMesh unfinished(kernel);
+        unfinished.count(mesh());
+        unfinished.count(mesh());
+        QCOMPARE(group_names(), QStringList{"Mesh"});
+
+        unfinished.take_back();
+
+        QCOMPARE(group_names(), QStringList());
+    }
+
+    void groupsGetBackWhatTheyHeldBeforeAnUnfinishedMesh()
+    {
+        EmbeddedKernel kernel;
+        kernel.open_model(model(), "file");
+        const int from_file = kernel.create_group("From a file");
+        kernel.set_element_counts(from_file, nodes_and(7));
+        const int whole = kernel.create_group("Mesh");
+        kernel.set_element_counts(whole, nodes_and(9));
+        UnfinishedMesh unfinished(kernel);
+        const int later = kernel.create_group("Later");
+        kernel.add_to_group(later, EntityKind::VERTEX, {1});
+        unfinished.count(mesh());
+        QCOMPARE(elements_of(later), QStringLiteral("1 nodes"));
+
+        unfinished.take_back();
+
+        QCOMPARE(group_names(), QStringList({"From a file", "Mesh", "Later"}));
+        QCOMPARE(elements_of(from_file), QStringLiteral("7 nodes"));
+        QCOMPARE(elements_of(whole), QStringLiteral("9 nodes"));
+        QCOMPARE(elements_of(later), QString());
+    }
+
+    void groupThatGotTheIdOfTheWholeMeshIsLeft()
+    {
+        EmbeddedKernel kernel;
+        kernel.open_model(model(), "file");
+        UnfinishedMesh unfinished(kernel);
+        unfinished.count(mesh());
+        kernel.remove(EntityKind::GROUP, 1);
+        QCOMPARE(kernel.create_group("Somebody's"), 1);
+
+        unfinished.take_back();
+
+        QCOMPARE(group_names(), QStringList{"Somebody's"});
     }
 
 private:

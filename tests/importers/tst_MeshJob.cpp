@@ -1,12 +1,10 @@
 #include "ImportLog.hpp"
-#include "TestFiles.hpp"
 
 #include <algorithm>
 #include <importers/MeshJob.hpp>
 #include <limits>
 #include <memory>
 #include <numeric>
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -265,10 +263,7 @@ private Q_SLOTS:
 private:
     static ModelData imported(const QString& name)
     {
-        ImportJob job;
-        job.set_helper_folder(QStringLiteral(MESH_HELPER_DIR));
-        ImportLog log(job);
-        return log.imported(example(name));
+        return ImportLog(MESH_HELPER_DIR).imported(example(name));
     }
 
     MeshCounts meshed(const QString& name, double size, int order = 1)

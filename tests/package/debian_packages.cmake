@@ -29,6 +29,12 @@ if(depends_of_libtreemodel MATCHES "occt|gmsh|widgets")
   message(SEND_ERROR "The library needs more than Qt Core and Gui: ${depends_of_libtreemodel}")
 endif()
 
+foreach(file IN ITEMS applications/treebrowser.desktop icons/hicolor/scalable/apps/treebrowser.svg)
+  if(NOT EXISTS "${WORK_DIR}/root/usr/share/${file}")
+    message(SEND_ERROR "The browser is installed without ${file}")
+  endif()
+endforeach()
+
 execute_process(
   COMMAND ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
     "${WORK_DIR}/root/usr/bin/treebrowser" --print "${SAMPLE}"
