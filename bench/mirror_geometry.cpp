@@ -248,7 +248,7 @@ void measure_heap(benchmark::State& state, Make make)
     for (auto _ : state) {
         const double before = heap_in_use();
         const auto mirror = make(kernel);
-        state.counters["bytes/record"] = (heap_in_use() - before) / double(kernel.entity_count());
+        state.counters["bytes_per_item"] = (heap_in_use() - before) / double(kernel.entity_count());
     }
 }
 
