@@ -14,7 +14,10 @@
 #include <array>
 #include <charconv>
 #include <compare>
+#include <cstddef>
 #include <cstdint>
+#include <deque>
+#include <limits>
 #include <map>
 #include <QString>
 #include <string>
@@ -89,15 +92,8 @@ std::vector<TreeData*> in_order(std::vector<TreeData*> records)
     return records;
 }
 
-void append_number(std::string& text, int number)
-{
-    std::array<char, 12> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
-    text.append(digits.data(), end);
-}
-
-// The ids under each word, each followed by one blank.
-using IdsByWord = std::map<CommandWord, std::string>;
+// In the order of addresses.
+using IdsByWord = std::map<CommandWord, std::deque<int>>;
 
 IdsByWord ids_by_word(const std::vector<TreeData*>& entities)
 {
@@ -111,10 +107,27 @@ IdsByWord ids_by_word(const std::vector<TreeData*>& entities)
         if (entry == result.end() || entry->first != word) {
             entry = result.try_emplace(word).first;
         }
-        append_number(entry->second, entity->id());
-        entry->second += ' ';
+        entry->second.push_back(entity->id());
     });
     return result;
+}
+
+// Each id followed by one blank.
+void append_ids(std::string& text, const std::deque<int>& ids)
+{
+    constexpr std::size_t longest = std::numeric_limits<int>::digits10 + 3; // with sign and blank
+    text.reserve(text.size() + longest * ids.size());
+    std::array<char, 64 * longest> block;
+    char* end = block.data();
+    for (const int id : ids) {
+        if (end > block.data() + block.size() - longest) {
+            text.append(block.data(), end);
+            end = block.data();
+        }
+        end = std::to_chars(end, end + longest, id).ptr;
+        *end++ = ' ';
+    }
+    text.append(block.data(), end);
 }
 
 // Each word once, before its ids.
@@ -124,7 +137,8 @@ std::string select_command(const IdsByWord& ids_by_word, bool selected)
     for (const auto& [word, ids] : ids_by_word) {
         const std::string text = text_of(word);
         if (!text.empty()) {
-            command.append(text).append(" ").append(ids);
+            command.append(text).append(" ");
+            append_ids(command, ids);
         }
     }
     return command.append(selected ? "" : "remove");
