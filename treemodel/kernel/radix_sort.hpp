@@ -15,7 +15,7 @@ template <typename List, typename KeyOf>
 void radix_sort(List& list, KeyOf key_of)
 {
     constexpr int digit_bits = 12;
-    constexpr std::size_t digit_count = std::size_t(1) << digit_bits;
+    constexpr std::uint64_t digit_count = std::uint64_t(1) << digit_bits;
 
     if (std::size_t(list.size()) < digit_count) {
         std::sort(list.begin(), list.end(),
@@ -33,8 +33,9 @@ void radix_sort(List& list, KeyOf key_of)
     }
     List sorted(list.size());
     // Bits in which no two keys differ, like the lowest ones of addresses, need no pass.
-    for (int shift = std::countr_zero(differing); shift < 64 && differing >> shift != 0;
-         shift += digit_bits) {
+    while (differing != 0) {
+        const int shift = std::countr_zero(differing);
+        differing &= ~((digit_count - 1) << shift);
         const auto digit_of = [&](const auto& entry) {
             return std::size_t(std::uint64_t(key_of(entry)) >> shift) % digit_count;
         };
