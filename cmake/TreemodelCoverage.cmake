@@ -6,7 +6,6 @@ option(TREEMODEL_COVERAGE "Build the target that measures the coverage of the li
 if(TREEMODEL_COVERAGE)
   add_custom_target(coverage
     COMMAND "${CMAKE_COMMAND}"
-      -D "SOURCES=${PROJECT_SOURCE_DIR}/treemodel"
       -D "BINARY_DIR=${PROJECT_BINARY_DIR}"
       -D "LIBRARY=$<TARGET_FILE:treemodel>"
       -P "${PROJECT_SOURCE_DIR}/cmake/measure_coverage.cmake"

@@ -1,5 +1,5 @@
-# Runs the tests of BINARY_DIR and prints what they reach of LIBRARY, as far as it comes from
-# the folder SOURCES. Line by line it is written to the folder coverage_report.
+# Runs the tests of BINARY_DIR and prints what they reach of LIBRARY. Line by line it is written
+# to the folder coverage_report.
 find_program(PROFDATA NAMES llvm-profdata llvm-profdata-14 REQUIRED)
 find_program(COV NAMES llvm-cov llvm-cov-14 REQUIRED)
 
@@ -17,18 +17,19 @@ execute_process(
   COMMAND "${PROFDATA}" merge -sparse -o "${merged}" ${counts}
   COMMAND_ERROR_IS_FATAL ANY)
 
-set(of_sources "${LIBRARY}" "-instr-profile=${merged}" "-ignore-filename-regex=/KestoInterface.hpp" "${SOURCES}")
+set(of_library "${LIBRARY}" "-instr-profile=${merged}"
+  "-ignore-filename-regex=_autogen/|/usr/|KestoInterface.hpp")
 set(report "${BINARY_DIR}/coverage_report")
 file(REMOVE_RECURSE "${report}")
 execute_process(
-  COMMAND "${COV}" show ${of_sources} -format=html "-output-dir=${report}"
+  COMMAND "${COV}" show ${of_library} -format=html "-output-dir=${report}"
     -show-branches=count -show-instantiations=false
   COMMAND_ERROR_IS_FATAL ANY)
 execute_process(
-  COMMAND "${COV}" report ${of_sources} --show-region-summary=false --show-branch-summary
+  COMMAND "${COV}" report ${of_library} --show-region-summary=false --show-branch-summary
   COMMAND_ERROR_IS_FATAL ANY)
 execute_process(
-  COMMAND "${COV}" export ${of_sources} --summary-only
+  COMMAND "${COV}" export ${of_library} --summary-only
   OUTPUT_VARIABLE summary
   COMMAND_ERROR_IS_FATAL ANY)
 

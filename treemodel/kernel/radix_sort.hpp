@@ -14,10 +14,10 @@
 template <typename List, typename KeyOf>
 void radix_sort(List& list, KeyOf key_of)
 {
-    constexpr int digit_bits = 12;
-    constexpr std::uint64_t digit_count = std::uint64_t(1) << digit_bits;
+    constexpr int most_digit_bits = 12;
+    constexpr std::size_t most_digits = std::size_t(1) << most_digit_bits;
 
-    if (std::size_t(list.size()) < digit_count) {
+    if (std::size_t(list.size()) < most_digits) {
         std::sort(list.begin(), list.end(),
             [&](const auto& left, const auto& right) { return key_of(left) < key_of(right); });
         return;
@@ -31,15 +31,20 @@ void radix_sort(List& list, KeyOf key_of)
     if (is_sorted) {
         return;
     }
+    // Bits in which no two keys differ, like the lowest ones of addresses, need no pass. The rest
+    // is shared out evenly: the smaller the digits, the fewer places are written to by turns.
+    const int first_bit = std::countr_zero(differing);
+    const int end_bit = int(std::bit_width(differing));
+    const int passes = (end_bit - first_bit + most_digit_bits - 1) / most_digit_bits;
+    const int digit_bits = (end_bit - first_bit + passes - 1) / passes;
+    const std::uint64_t digit_mask = (std::uint64_t(1) << digit_bits) - 1;
+
     List sorted(list.size());
-    // Bits in which no two keys differ, like the lowest ones of addresses, need no pass.
-    while (differing != 0) {
-        const int shift = std::countr_zero(differing);
-        differing &= ~((digit_count - 1) << shift);
+    for (int shift = first_bit; shift < end_bit; shift += digit_bits) {
         const auto digit_of = [&](const auto& entry) {
-            return std::size_t(std::uint64_t(key_of(entry)) >> shift) % digit_count;
+            return std::size_t(std::uint64_t(key_of(entry)) >> shift & digit_mask);
         };
-        std::array<std::size_t, digit_count> places{};
+        std::array<std::size_t, most_digits> places{};
         for (const auto& entry : list) {
             ++places[digit_of(entry)];
         }
