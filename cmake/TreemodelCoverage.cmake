@@ -1,6 +1,6 @@
 # What the tests reach of the library, counted by clang in the source as it stands. The target
-# "coverage" builds the tests, runs them and prints a table; it fails below 99 % of
-# the lines and 95 % of the branches. docs/coverage.md explains what is left.
+# "coverage" builds the tests, runs them and prints a table; it fails unless all of the lines
+# and 95 % of the branches are reached. docs/coverage.md explains what is left.
 
 option(TREEMODEL_COVERAGE "Build the target that measures the coverage of the library (clang)" OFF)
 if(TREEMODEL_COVERAGE)
@@ -25,5 +25,6 @@ endfunction()
 function(treemodel_count_towards_coverage test)
   if(TREEMODEL_COVERAGE)
     add_dependencies(coverage ${test})
+    set_tests_properties(${test} PROPERTIES LABELS coverage)
   endif()
 endfunction()

@@ -100,6 +100,8 @@ private Q_SLOTS:
     void sortedRowsAreFollowedInTheNameColumnOnly();
     void readersSeeASoundTreeWhileSorting();
     void rowsThatMoveDuringASortAreStillFound();
+    void rowThatMovesDownDuringASortIsLeftForTheNextOfItsNewParents();
+    void sortEndsWithARowThatIsHiddenMeanwhile();
     void hiddenSubtreeKeepsItsOrder();
     void wideTreeIsSortedWithoutSearching();
 
@@ -696,6 +698,58 @@ void tst_EntityModelReading::rowsThatMoveDuringASortAreStillFound()
     QCOMPARE(watch->take(), ModelWatch::layout("root") + ModelWatch::layout("a") +
                                 ModelWatch::layout("b") + ModelWatch::insertion("a", 0) +
                                 ModelWatch::layout("c"));
+}
+
+void tst_EntityModelReading::rowThatMovesDownDuringASortIsLeftForTheNextOfItsNewParents()
+{
+    EntityItem* a = add(nullptr, "a");
+    EntityItem* b = add(a, "b", 1);
+    add(b, "b1");
+    EntityItem* c = add(a, "c", 2);
+    EntityItem* d = add(c, "d");
+    add(d, "d1");
+    EntityItem* e = add(a, "e", 3);
+    add(e, "e2", 1);
+    add(e, "e1", 2);
+    connect(model.get(), &QAbstractItemModel::layoutChanged, watch.get(),
+        [this, b, d](const QList<QPersistentModelIndex>& parents) {
+            if (parents.first().data() == "b") {
+                model->moveEntity(b, d);
+            }
+        });
+    watch->take();
+
+    model->sort(0, Qt::AscendingOrder);
+
+    QCOMPARE(ModelWatch::tree(*model), "a(c(d(b(b1) d1)) e(e1 e2))");
+    QCOMPARE(watch->take(), ModelWatch::layout("root") + ModelWatch::layout("a") +
+                                ModelWatch::layout("b") + ModelWatch::move("a", 0, "d", 0) +
+                                ModelWatch::layout("e"));
+}
+
+void tst_EntityModelReading::sortEndsWithARowThatIsHiddenMeanwhile()
+{
+    for (const char* name : {"z", "y"}) {
+        EntityItem* parent = add(nullptr, name);
+        add(parent, "2", 1);
+        add(parent, "1", 2);
+    }
+    EntityItem* y = model->getEntity(model->index(0, 0));
+    QCOMPARE(ModelWatch::tree(*model), "y(2 1) z(2 1)");
+    connect(model.get(), &QAbstractItemModel::layoutChanged, watch.get(),
+        [this, y](const QList<QPersistentModelIndex>& parents) {
+            if (parents.first().data() == "y") {
+                model->hideCategory(y);
+            }
+        });
+    watch->take();
+
+    model->sort(0, Qt::AscendingOrder);
+
+    QCOMPARE(ModelWatch::tree(*model), "z(2 1)");
+    QCOMPARE(shown_children(*y), "1 2");
+    QCOMPARE(watch->take(),
+        ModelWatch::layout("root") + ModelWatch::layout("y") + ModelWatch::removal("root", 0, 0));
 }
 
 void tst_EntityModelReading::hiddenSubtreeKeepsItsOrder()

@@ -1,5 +1,6 @@
 #include <cstddef>
 #include <cstring>
+#include <functional>
 #include <QTest>
 #include <support/FullModel.hpp>
 #include <support/MirrorText.hpp>
@@ -24,13 +25,21 @@ struct Notification
 {
     const char* name;
     int place;
+    std::function<void(KIObserve&)> send; // with arguments that hold nothing
 };
+
+template <typename... Arguments>
+void send_empty(KIObserve& observer, void (KIObserve::*notification)(Arguments...))
+{
+    (observer.*notification)(std::decay_t<Arguments>()...);
+}
 
 // Compiles only if the notification takes what is said here.
 template <typename Signature>
 Notification row(const char* name, Signature KIObserve::*notification)
 {
-    return {name, table_place(notification)};
+    return {name, table_place(notification),
+        [notification](KIObserve& observer) { send_empty(observer, notification); }};
 }
 
 const Notification notifications[]{
@@ -398,6 +407,9 @@ void tst_KestoInterface::defaultNotificationsDoNothing()
     EventLog log;
     RecordingKernel kernel(log);
     KIObserve observer;
+    for (const Notification& notification : notifications) {
+        notification.send(observer);
+    }
     send_unhandled(observer);
     observer.notify_body_created(1);
     observer.notify_model_reset();

@@ -55,6 +55,8 @@ private Q_SLOTS:
     void modificationTurnsTheOtherIntoThis();
     void modificationOfItsOwnKindTellsNoFlag_data() { each_material_word(); }
     void modificationOfItsOwnKindTellsNoFlag();
+    void materialThatGoesIsNotChanged_data() { each_material_word(); }
+    void materialThatGoesIsNotChanged();
     void deletionTakesEither_data() { each_material_word(); }
     void deletionTakesEither();
     void deletionOfAnUnknownMaterialIsSilent_data() { each_material_word(); }
@@ -351,6 +353,26 @@ void tst_exodus_notifications::modificationOfItsOwnKindTellsNoFlag()
     mirror->log.take();
     notify_material(is_medium, "modify");
     QCOMPARE(mirror->log.take(), QStringList("get_exodus_entity_name(" + word + ", 3)"));
+}
+
+void tst_exodus_notifications::materialThatGoesIsNotChanged()
+{
+    QFETCH(bool, is_medium);
+    QFETCH(QString, word);
+    const QStringList events{
+        "get_exodus_entity_name(" + word + ", 3)", "material 3: name_changed(Stuff)"};
+    for (int last = 0; last < events.size(); ++last) {
+        notify_material(!is_medium, "create");
+        mirror->kernel.exodus_names[{word.toStdString(), 3}] = "Stuff";
+        mirror->log.take();
+        mirror->log.interrupt(last, [&] { notify_material(is_medium, "delete"); });
+
+        notify_material(is_medium, "modify");
+
+        QCOMPARE(mirror->log.take(),
+            events.mid(0, last + 1) + QStringList({"material_removed(material 3)",
+                                          "material 3: treedata_destroyed(material 3)"}));
+    }
 }
 
 void tst_exodus_notifications::deletionTakesEither()

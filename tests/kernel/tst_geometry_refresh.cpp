@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <memory>
+#include <numeric>
 #include <QTest>
 #include <random>
 #include <support/GeometryText.hpp>
@@ -123,6 +124,7 @@ private Q_SLOTS:
     void movedChildKeepsItsRecord();
     void repeatedIdIsReadAgain();
     void unlistedRelativeGoesInItsOwnPass();
+    void recordThatGoesBeforeItsTurnIsAddedAgain();
 
     void unregisteredMirrorIsRefreshed();
 
@@ -327,6 +329,30 @@ void tst_geometry_refresh::unlistedRelativeGoesInItsOwnPass()
     QCOMPARE(mirror->log.take_only({"geometry_"}),
         QStringList({"geometry_added(surface 4, null)", "geometry_added(curve 6, surface 4)",
             "geometry_removed(curve 6)"}));
+}
+
+// Records further down the list are made ready to be read while the first ones are.
+void tst_geometry_refresh::recordThatGoesBeforeItsTurnIsAddedAgain()
+{
+    std::vector<int> ids(40);
+    std::iota(ids.begin(), ids.end(), 1);
+    mirror->kernel.entities["curve"] = ids;
+    mirror->refresh();
+    mirror->kernel.during("is_visible(curve, 2)", [this] {
+        for (const int id : {3, 11, 12, 20, 40}) {
+            mirror->observer().notify_curve_deleted(id);
+        }
+    });
+
+    mirror->model.refresh_model(false);
+
+    QCOMPARE(mirror->log.take_only({"geometry_"}),
+        QStringList({"geometry_removed(curve 3)", "geometry_removed(curve 11)",
+            "geometry_removed(curve 12)", "geometry_removed(curve 20)",
+            "geometry_removed(curve 40)", "geometry_added(curve 3, null)",
+            "geometry_added(curve 11, null)", "geometry_added(curve 12, null)",
+            "geometry_added(curve 20, null)", "geometry_added(curve 40, null)"}));
+    QCOMPARE(mirror->model.geometry(TreeGeometryData::CURVE).size(), ids.size());
 }
 
 void tst_geometry_refresh::unregisteredMirrorIsRefreshed()

@@ -1,5 +1,8 @@
+#include <algorithm>
 #include <memory>
+#include <numeric>
 #include <QTest>
+#include <random>
 #include <support/GeometryText.hpp>
 #include <support/WatchedMirror.hpp>
 #include <treemodel/treedata/TreeBodyData.hpp>
@@ -32,6 +35,7 @@ private Q_SLOTS:
 
     void newChildrenAreAllLinkedBeforeTheFirstIsRead();
     void lostChildrenLoseTheirLinkAndStay();
+    void lostOnesOfVeryManyChildrenGoByAscendingId();
     void newChildrenComeBeforeLostOnesGo();
     void emptyAnswerEndsAllLinks();
     void knownChildrenAreNotReadAgain();
@@ -310,6 +314,32 @@ void tst_geometry_update::lostChildrenLoseTheirLinkAndStay()
                                           "geometry_disassociated(surface 4, curve 9)"}));
     QCOMPARE(names_of(mirror->model.geometry(TreeGeometryData::CURVE)),
         QStringList({"curve 3", "curve 5", "curve 9"}));
+}
+
+void tst_geometry_update::lostOnesOfVeryManyChildrenGoByAscendingId()
+{
+    std::vector<int> ids(5000);
+    std::iota(ids.begin(), ids.end(), -100);
+    std::vector<int> in_any_order = ids;
+    std::shuffle(in_any_order.begin(), in_any_order.end(), std::mt19937(1));
+    for (const int id : in_any_order) {
+        mirror->observer().notify_curve_created(id);
+    }
+    mirror->kernel.relate("surface", 4, "curve", in_any_order);
+    modify_surface(4);
+    std::erase_if(in_any_order, [](int id) { return id % 10 == 0; });
+    mirror->kernel.relate("surface", 4, "curve", in_any_order);
+    mirror->log.take();
+
+    modify_surface(4);
+
+    QStringList expected;
+    for (const int id : ids) {
+        if (id % 10 == 0) {
+            expected << QString("geometry_disassociated(surface 4, curve %1)").arg(id);
+        }
+    }
+    QCOMPARE(mirror->log.take(), plain_reading("surface", 4) + expected);
 }
 
 void tst_geometry_update::newChildrenComeBeforeLostOnesGo()

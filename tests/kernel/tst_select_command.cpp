@@ -21,6 +21,7 @@ private Q_SLOTS:
     void eachKindHasItsWord();
     void wordsComeInTheirOrderWhateverTheRecordsDo();
     void idsOfAWordComeByAddress();
+    void idsOfVeryManyRecordsComeByAddress_data();
     void idsOfVeryManyRecordsComeByAddress();
     void deselectionEndsInRemove();
     void recordThatStandsTwiceIsWrittenOnce();
@@ -187,17 +188,29 @@ void tst_select_command::idsOfAWordComeByAddress()
     QCOMPARE(sent(records), "silent_cmd(select force " + ids_by_address(records) + ')');
 }
 
+void tst_select_command::idsOfVeryManyRecordsComeByAddress_data()
+{
+    QTest::addColumn<bool>("is_shuffled");
+    QTest::newRow("in any order") << true;
+    QTest::newRow("in order") << false;
+}
+
 void tst_select_command::idsOfVeryManyRecordsComeByAddress()
 {
+    QFETCH(bool, is_shuffled);
     Records records;
-    for (int id = 10; id < 3010; ++id) {
+    for (int id = 10; id < 5010; ++id) {
         mirror->observer().notify_sizing_source_created(id);
         records.push_back(mirror->model.find_sizing_source(id));
     }
     mirror->log.take();
     const QString expected = "silent_cmd(select sizing_source " + ids_by_address(records) + ')';
-    std::shuffle(records.begin(), records.end(), std::mt19937(1));
-    records.insert(records.end(), records.begin(), records.begin() + 100);
+    if (is_shuffled) {
+        std::shuffle(records.begin(), records.end(), std::mt19937(1));
+        records.insert(records.end(), records.begin(), records.begin() + 100);
+    } else {
+        std::sort(records.begin(), records.end(), std::less<>());
+    }
     QCOMPARE(sent(records), expected);
 }
 

@@ -293,16 +293,11 @@ bool EntityModel::moveEntity(EntityItem* item, EntityItem* newParent)
 
 bool EntityModel::removeEntity(EntityItem* item)
 {
-    switch (regionOf(item)) {
-    case Region::Unknown:
+    const Region region = regionOf(item);
+    if (region == Region::Unknown) {
         return false;
-    case Region::Visible:
-        takeEntity(item);
-        break;
-    case Region::Hidden:
-        takeHiddenEntity(item);
-        break;
     }
+    region == Region::Hidden ? takeHiddenEntity(item) : takeEntity(item);
     delete item;
     return true;
 }

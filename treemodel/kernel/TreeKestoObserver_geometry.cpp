@@ -17,12 +17,6 @@ using GeometryType = TreeGeometryData::GeometryType;
 
 namespace {
 
-// The kind one level down; a vertex is its own.
-GeometryType child_type(GeometryType type)
-{
-    return type == TreeGeometryData::VERTEX ? type : static_cast<GeometryType>(type - 1);
-}
-
 // The kernel's word for the kind, formed once.
 const std::string& word_of(GeometryType type)
 {
@@ -295,9 +289,10 @@ void TreeKestoObserver::read_attributes(GeometryHold& hold)
 
 // Brings the links to the children in line with the kernel and gives back the
 // children that were not linked before, in the order in which they were linked.
+// A vertex has none.
 std::vector<GeometryHold> TreeKestoObserver::reconcile_children(GeometryHold& hold)
 {
-    const GeometryType type = child_type(hold.type());
+    const GeometryType type = static_cast<GeometryType>(hold.type() - 1);
     IdSet unconfirmed;
     m_geom_model->visit_geometry_children(
         hold.get(), [&unconfirmed](TreeGeometryData* child) { unconfirmed.add(child->id()); });

@@ -30,14 +30,10 @@ GroupMembers members_by_kind(const std::vector<TreeData*>& records)
     GroupMembers members;
     for_each_with_family(records, [&members](TreeData* record, RecordFamily family) {
         switch (family) {
-        case RecordFamily::GEOMETRY: {
-            auto* geometry = static_cast<TreeGeometryData*>(record);
-            const auto type = static_cast<std::size_t>(geometry->geometry_type());
-            if (type < geometry_type_count) {
-                members.geometry[type].push_back(geometry->id());
-            }
+        case RecordFamily::GEOMETRY:
+            members.geometry[static_cast<TreeGeometryData*>(record)->geometry_type()].push_back(
+                record->id());
             break;
-        }
         case RecordFamily::GROUP:
             members.groups.push_back(record->id());
             break;

@@ -9,6 +9,7 @@
 #include <treemodel/models/TreeGroupModel.hpp>
 #include <treemodel/models/TreeMeshModel.hpp>
 #include <treemodel/models/TreeSimModel.hpp>
+#include <treemodel/treedata/KindTable.hpp>
 
 #include <algorithm>
 #include <array>
@@ -56,6 +57,12 @@ CommandWord command_word(RecordFamily family, TreeData* record)
     }
 }
 
+// The word of the families that have one alone.
+constexpr KindTable<RecordFamily, const char*, 8> family_words{
+    {"", "group", "boundary_layer", "sizing_source", "", "", "cfd_bc", "material"},
+    "",
+};
+
 // Empty for a type out of range: such a record is not written.
 std::string text_of(const CommandWord& word)
 {
@@ -63,25 +70,13 @@ std::string text_of(const CommandWord& word)
     case RecordFamily::GEOMETRY:
         return TreeGeometryData::type_to_string(
             static_cast<TreeGeometryData::GeometryType>(TreeGeometryData::BODY - word.rank));
-    case RecordFamily::GROUP:
-        return "group";
-    case RecordFamily::BOUNDARY_LAYER:
-        return "boundary_layer";
-    case RecordFamily::SIZING_SOURCE:
-        return "sizing_source";
     case RecordFamily::EXODUS:
         return TreeExodusData::type_to_string(static_cast<TreeExodusData::ExodusType>(word.rank));
     case RecordFamily::FEA_BC:
         return TreeFeaBCData::type_to_string(static_cast<TreeFeaBCData::FEAType>(word.rank));
-    case RecordFamily::CFD_BC:
-        return "cfd_bc";
-    case RecordFamily::MATERIAL:
-        return "material";
-    case RecordFamily::MESH:
-    case RecordFamily::OTHER:
-        break;
+    default:
+        return family_words[word.family];
     }
-    return {};
 }
 
 // By address, each once.

@@ -24,7 +24,11 @@ public:
     bool forget_unlinked(From* from)
     {
         const PointerSet<To>* set = m_sets.find(from);
-        return set && set->is_empty() && m_sets.erase(from);
+        const bool is_forgotten = set && set->is_empty();
+        if (is_forgotten) {
+            m_sets.erase(from);
+        }
+        return is_forgotten;
     }
 
     /// Forgets all links of a record.

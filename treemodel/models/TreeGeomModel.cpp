@@ -138,14 +138,14 @@ bool TreeGeomModel::do_association(TreeGeometryData* parent, TreeGeometryData* c
     if (!RecordDeaths::is_alive(parent) || !RecordDeaths::is_alive(child)) {
         return false;
     }
-    const bool child_is_new = m_children_map.insert(parent, child);
-    const bool parent_is_new = m_parents_map.insert(child, parent);
-    return child_is_new || parent_is_new;
+    m_parents_map.insert(child, parent);
+    return m_children_map.insert(parent, child);
 }
 
 bool TreeGeomModel::do_disassociation(TreeGeometryData* parent, TreeGeometryData* child)
 {
-    return m_children_map.erase(parent, child) && m_parents_map.erase(child, parent);
+    m_parents_map.erase(child, parent);
+    return m_children_map.erase(parent, child);
 }
 
 void TreeGeomModel::clear_associations(TreeGeometryData* record)

@@ -109,24 +109,23 @@ bool TreeGroupModel::associate_group(TreeGroupData* group, TreeData* child)
     if (!RecordDeaths::is_alive(group) || !RecordDeaths::is_alive(child)) {
         return false;
     }
-    const bool child_is_new = m_group_children_map.insert(group, child);
     const bool is_first_group = !m_child_groups_map.contains(child);
-    const bool group_is_new = m_child_groups_map.insert(child, group);
+    m_child_groups_map.insert(child, group);
     if (is_first_group) {
         watch(child);
     }
-    return child_is_new || group_is_new;
+    return m_group_children_map.insert(group, child);
 }
 
 bool TreeGroupModel::disassociate_group(TreeGroupData* group, TreeData* child)
 {
     const bool child_left = m_group_children_map.erase(group, child);
     m_group_children_map.forget_unlinked(group);
-    const bool group_left = m_child_groups_map.erase(child, group);
+    m_child_groups_map.erase(child, group);
     if (m_child_groups_map.forget_unlinked(child)) {
         unwatch(child);
     }
-    return child_left || group_left;
+    return child_left;
 }
 
 void TreeGroupModel::clear_associations(TreeGroupData* group)

@@ -253,16 +253,14 @@ bool TreeSimModel::associate_bc(TreeData* bc, TreeExodusData* exodus)
     if (!RecordDeaths::is_alive(bc) || !RecordDeaths::is_alive(exodus)) {
         return false;
     }
-    const bool exodus_is_new = m_bc_exodus_map.insert(bc, exodus);
-    const bool bc_is_new = m_exodus_bc_map.insert(exodus, bc);
-    return exodus_is_new || bc_is_new;
+    m_exodus_bc_map.insert(exodus, bc);
+    return m_bc_exodus_map.insert(bc, exodus);
 }
 
 bool TreeSimModel::disassociate_bc(TreeData* bc, TreeExodusData* exodus)
 {
-    const bool exodus_left = m_bc_exodus_map.erase(bc, exodus);
-    const bool bc_left = m_exodus_bc_map.erase(exodus, bc);
-    return exodus_left || bc_left;
+    m_exodus_bc_map.erase(exodus, bc);
+    return m_bc_exodus_map.erase(bc, exodus);
 }
 
 void TreeSimModel::clear_associations(TreeData* record)

@@ -8,21 +8,10 @@
 /// The kernel's word for a kind, with a second one that it may use in its place.
 struct KindWord
 {
-    constexpr KindWord(const char* usual_word)
-        : KindWord(usual_word, usual_word)
-    {
-    }
-
-    constexpr KindWord(const char* usual_word, const char* other_word)
-        : usual(usual_word)
-        , other(other_word)
-    {
-    }
-
     constexpr bool is(std::string_view text) const { return text == usual || text == other; }
 
     std::string_view usual;
-    std::string_view other;
+    std::string_view other = usual;
 };
 
 /// All that hangs on an enumeration that counts up from 0: a row for each

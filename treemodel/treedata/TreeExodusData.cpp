@@ -13,11 +13,11 @@ struct ExodusKind
 
 constexpr KindTable<TreeExodusData::ExodusType, ExodusKind, 3> kinds{
     {{
-        {"block", QT_TRANSLATE_NOOP("TreeExodusData", "Block %1")},
-        {"sideset", QT_TRANSLATE_NOOP("TreeExodusData", "Sideset %1")},
-        {"nodeset", QT_TRANSLATE_NOOP("TreeExodusData", "Nodeset %1")},
+        {{"block"}, QT_TRANSLATE_NOOP("TreeExodusData", "Block %1")},
+        {{"sideset"}, QT_TRANSLATE_NOOP("TreeExodusData", "Sideset %1")},
+        {{"nodeset"}, QT_TRANSLATE_NOOP("TreeExodusData", "Nodeset %1")},
     }},
-    {"", QT_TRANSLATE_NOOP("TreeExodusData", "Exodus %1")},
+    {{""}, QT_TRANSLATE_NOOP("TreeExodusData", "Exodus %1")},
 };
 
 } // namespace

@@ -13,19 +13,19 @@ struct FeaKind
 
 constexpr KindTable<TreeFeaBCData::FEAType, FeaKind, 11> kinds{
     {{
-        {"force", QT_TRANSLATE_NOOP("TreeFeaBCData", "Force")},
-        {"acceleration", QT_TRANSLATE_NOOP("TreeFeaBCData", "Acceleration")},
-        {"velocity", QT_TRANSLATE_NOOP("TreeFeaBCData", "Velocity")},
-        {"pressure", QT_TRANSLATE_NOOP("TreeFeaBCData", "Pressure")},
-        {"temperature", QT_TRANSLATE_NOOP("TreeFeaBCData", "Temperature")},
-        {"displacement", QT_TRANSLATE_NOOP("TreeFeaBCData", "Displacement")},
-        {"constraint", QT_TRANSLATE_NOOP("TreeFeaBCData", "Constraint")},
-        {"convection", QT_TRANSLATE_NOOP("TreeFeaBCData", "Convection")},
-        {"heatflux", QT_TRANSLATE_NOOP("TreeFeaBCData", "HeatFlux")},
-        {"contact region", QT_TRANSLATE_NOOP("TreeFeaBCData", "Contact Region")},
-        {"contact pair", QT_TRANSLATE_NOOP("TreeFeaBCData", "Contact Pair")},
+        {{"force"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "Force")},
+        {{"acceleration"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "Acceleration")},
+        {{"velocity"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "Velocity")},
+        {{"pressure"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "Pressure")},
+        {{"temperature"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "Temperature")},
+        {{"displacement"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "Displacement")},
+        {{"constraint"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "Constraint")},
+        {{"convection"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "Convection")},
+        {{"heatflux"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "HeatFlux")},
+        {{"contact region"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "Contact Region")},
+        {{"contact pair"}, QT_TRANSLATE_NOOP("TreeFeaBCData", "Contact Pair")},
     }},
-    {"", QT_TRANSLATE_NOOP("TreeFeaBCData", "FEA BC")},
+    {{""}, QT_TRANSLATE_NOOP("TreeFeaBCData", "FEA BC")},
 };
 
 } // namespace

@@ -16,13 +16,13 @@ struct GeometryKind
 
 constexpr KindTable<GeometryType, GeometryKind, 5> kinds{
     {{
-        {"vertex", QT_TRANSLATE_NOOP("TreeGeometryData", "Vertex ")},
-        {"curve", QT_TRANSLATE_NOOP("TreeGeometryData", "Curve ")},
-        {"surface", QT_TRANSLATE_NOOP("TreeGeometryData", "Surface ")},
-        {"volume", QT_TRANSLATE_NOOP("TreeGeometryData", "Volume ")},
+        {{"vertex"}, QT_TRANSLATE_NOOP("TreeGeometryData", "Vertex ")},
+        {{"curve"}, QT_TRANSLATE_NOOP("TreeGeometryData", "Curve ")},
+        {{"surface"}, QT_TRANSLATE_NOOP("TreeGeometryData", "Surface ")},
+        {{"volume"}, QT_TRANSLATE_NOOP("TreeGeometryData", "Volume ")},
         {{"body", "sheet body"}, QT_TRANSLATE_NOOP("TreeGeometryData", "Body ")},
     }},
-    {"", QT_TRANSLATE_NOOP("TreeGeometryData", "Geometry ")},
+    {{""}, QT_TRANSLATE_NOOP("TreeGeometryData", "Geometry ")},
 };
 
 const QLatin1String virtual_suffix(" (v)");
