@@ -10,6 +10,7 @@
 #include <QScrollBar>
 #include <QSortFilterProxyModel>
 #include <QStyle>
+#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -108,7 +109,7 @@ void SignalMonitor::follow_end()
 {
     const QScrollBar* const bar = m_table->verticalScrollBar();
     if (bar->value() == bar->maximum()) {
-        QMetaObject::invokeMethod(m_table, &QTreeView::scrollToBottom, Qt::QueuedConnection);
+        QTimer::singleShot(0, m_table, &QTreeView::scrollToBottom);
     }
 }
 
