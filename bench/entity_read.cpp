@@ -158,9 +158,10 @@ void decorate_floor(benchmark::State& state, int size)
             for (int i = 0; i < paint_count; ++i) {
                 for (int row = 0; row < painted_rows; ++row) {
                     const QString path = QString::fromUtf8(icons.getIconPath(items[row]));
-                    auto known = loaded.constFind(path);
-                    if (known == loaded.cend())
+                    auto known = loaded.find(path);
+                    if (known == loaded.end()) {
                         known = loaded.insert(path, QIcon(path));
+                    }
                     benchmark::DoNotOptimize(QVariant(*known));
                 }
             }

@@ -425,7 +425,8 @@ void MirrorRows::set_crowds_aside(EntityItem* top)
 
 void MirrorRows::put_crowds_back()
 {
-    for (RecordItemData* data : std::exchange(m_crowds, {})) {
+    const QSet<RecordItemData*> crowds = std::exchange(m_crowds, {});
+    for (RecordItemData* data : crowds) {
         data->put_places_back();
     }
 }
