@@ -31,7 +31,9 @@ public:
     QStringList warnings() const
     {
         static const QRegularExpression prefix(QStringLiteral("^warning: "));
-        return m_lines.filter(prefix).replaceInStrings(prefix, {});
+        QStringList warnings = m_lines.filter(prefix);
+        warnings.replaceInStrings(prefix, {});
+        return warnings;
     }
 
     /// The texts of the stages, each once, in the order in which they were reported.
