@@ -152,6 +152,8 @@ void SurfaceModified(benchmark::State& state)
     for (auto _ : state) {
         LatticeKernel::observer()->notify_surface_modified(surfaces[surfaces.size() / 2]);
     }
+    state.counters["time/notification"] = benchmark::Counter(
+        1, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
 }
 
 enum Members : bool { WithoutMembers, WithMembers };
@@ -249,7 +251,7 @@ void measure_heap(benchmark::State& state, Make make)
     for (auto _ : state) {
         const double before = heap_in_use();
         const auto mirror = make(kernel);
-        state.counters["bytes/record"] = (heap_in_use() - before) / double(kernel.entity_count());
+        state.counters["bytes_per_item"] = (heap_in_use() - before) / double(kernel.entity_count());
     }
 }
 

@@ -107,8 +107,8 @@ public:
     /// EntityItemList::sortChildren(); nothing without a list.
     void sortChildren(int column, bool ascending);
 
-    /// Takes ownership of `child`, links it to this item, inserts it at `row` and returns it.
-    /// Without a list, deletes `child` and returns null.
+    /// Takes ownership of `child`, links it to this item, inserts it at `row`, which must be
+    /// valid or the count, and returns it. Without a list, deletes `child` and returns null.
     EntityItem* insertChild(int row, EntityItem* child);
 
     /// Takes out the child at `row`, which must be valid, and passes it to the caller

@@ -67,7 +67,8 @@ public:
     /// Calls `visit` for each node, last to first. It may delete the node that it is given.
     void iterateItemsReverse(std::function<void(EntityItem*)> visit);
 
-    /// Calls `model->update_item()` for each node, first to last.
+    /// Calls `model->update_item()` for each node, first to last. It must not create or delete
+    /// nodes of this data.
     void updateModel(EntityModelInterface* model);
 
 private:

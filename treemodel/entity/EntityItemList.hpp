@@ -27,8 +27,8 @@ public:
     /// Deletes all children.
     virtual ~EntityItemList();
 
-    /// The row at which `item` is to be inserted. A sorted list answers -2 if `item` itself
-    /// is the child that it finds there; elsewhere in the list it is not noticed.
+    /// The row at which `item` is to be inserted: here the count. A sorted list answers -2 if
+    /// `item` itself is the child that it finds there; elsewhere in the list it is not noticed.
     virtual int findInsertIndex(EntityItem* item, int column, bool ascending) const;
 
     /// Where the child at `row`, which must be valid, belongs now that its key may have
@@ -55,6 +55,7 @@ public:
     void iterateChildren(std::function<bool(EntityItem*)> visit) const;
 
     /// Inserts and takes ownership of `child`, but sets no parent: EntityItem::insertChild() does.
+    /// `row` must be valid or the count.
     void insertChild(int row, EntityItem* child);
 
     /// Takes out the child at `row`, which must be valid, sets its parent to null and

@@ -35,7 +35,8 @@ public:
     /// nothing. Icons are loaded once per path; this call forgets those loaded so far.
     void setIcons(EntityIconFactory* icons);
 
-    /// The item of a row, and the way back; parents stand in column 0.
+    /// The item of a row, and the way back, which leads to column 0. index() takes a parent in
+    /// either column.
     QModelIndex index(
         int row, int column, const QModelIndex& parent = QModelIndex()) const override;
     QModelIndex parent(const QModelIndex& child) const override;
@@ -48,18 +49,19 @@ public:
     /// Column 0: display name, name for the edit role, icon. Column 1: the id if it is above 0.
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
 
-    /// Changes nothing and returns false. In column 0, emits nameEdited() if `value` is a text
-    /// other than the item's name.
+    /// Changes nothing and returns false. In column 0, emits nameEdited() if `value` as a text
+    /// differs from the item's name, whatever the role and even if the item is not editable.
     bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
 
-    /// The translated names of the two columns.
+    /// The translated names of the two columns; ascending as the initial order of any.
     QVariant headerData(
         int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
 
     /// Selectable and enabled, for every index; editable in column 0 if the item is.
     Qt::ItemFlags flags(const QModelIndex& index) const override;
 
-    /// Sorts the rows of every visible parent, unless column and order are those in use.
+    /// Sorts the rows of every visible parent by name (column 0) or id (any other), in the way of
+    /// its list, and keeps them so. Does nothing if column and order are those in use.
     /// Emits layoutAboutToBeChanged() and layoutChanged() for one parent after the other, from
     /// the top down. Persistent indexes are followed in column 0 only. Hidden subtrees
     /// keep their order.
@@ -107,7 +109,8 @@ public:
     /// Does nothing for any other item.
     void showCategory(EntityItem* item);
 
-    /// Deletes all children of an item, notifying if it is visible and has any.
+    /// Deletes all children of an item, notifying if it is visible and has any. Does nothing if
+    /// it is not in the model.
     void clearCategory(EntityItem* item);
 
     /// Deletes all items, hidden ones too, in a model reset. The sort column, its order and

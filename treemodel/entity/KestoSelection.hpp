@@ -57,8 +57,8 @@ public:
 /// named by `model`. Within a run, an id equal to the one before it is dropped, and so is a
 /// leading -1. Nothing is sorted or merged, so pass the items sorted by type.
 ///
-/// `owner` must not be null; `model` only if there are no items. If `selection` is
-/// without a record, the first item must have a type.
+/// `owner` must not be null, and `model` may be only if there are no items. First items of
+/// type -1 go to the last record that `selection` holds, and there must be one.
 TREEMODEL_EXPORT void convert_tree_selection(EntityModelInterface* model, const EntityItem* owner,
     const std::vector<EntityItem*>& items, KestoSelection& selection);
 TREEMODEL_EXPORT void convert_tree_selection(EntityModelInterface* model,

@@ -17,8 +17,12 @@
 /// the free functions and the four operations of KIObserve that have no body
 /// here.
 ///
-/// Kinds of entity cross as lower-case words ("surface", "sideset"), ids as
-/// `int`, names as UTF-8. All calls, both ways, are synchronous and on one thread.
+/// Kinds of entity cross as lower-case words, compared exactly: what type_to_string() of
+/// TreeGeometryData, TreeExodusData, TreeFeaBCData and TreeCfdBCData gives, "group",
+/// "sizing_source", "boundary_layer", "material", and "media" for a medium. A notification may
+/// say "sheet body" for "body". What a notification brings is asked for, whatever its word and
+/// id. Ids are `int`, names UTF-8 up to the first zero byte. All calls, both ways, are
+/// synchronous and on one thread.
 namespace KestoInterface {
 
 /// One entity of a selection: its kind as the kernel's word, and its id.
@@ -165,7 +169,10 @@ KESTO_INTERFACE_API int get_selected_id(int index);
 
 // Commands and components.
 
-/// Runs one command line, UTF-8, without echo. False if the kernel refuses it.
+/// Runs one command line, UTF-8, without echo. False if the kernel refuses it. The library
+/// sends "select none", "select " with words and ids, a blank behind each, and the same with
+/// "remove" at the end. There "cfd_bc" stands for fluid boundary conditions of all kinds, and
+/// "material" also for a medium.
 KESTO_INTERFACE_API bool silent_cmd(const char* command);
 
 /// The component of that name, owned by the kernel, or null.
@@ -256,7 +263,9 @@ public:
     virtual void notify_graphics_mode_modified() {}
     virtual void notify_graphics_pick_type_modified() {}
 
-    /// Simulation set-up. `action` is "create", "modify" or "delete".
+    /// Simulation set-up. `action` is "create", "modify" or "delete", and any other is passed
+    /// over. notify_bc_modified() takes the words of all boundary conditions,
+    /// notify_fea_bc_modified() those of finite elements.
     virtual void notify_exodus_entity_modified(
         std::string /*type*/, int /*id*/, std::string /*action*/)
     {

@@ -35,7 +35,8 @@ class TreeSimModel;
 /// follows: no removed signal does.
 ///
 /// Queries give null or an empty vector where there is nothing, and for null. Lists of
-/// records come by ascending id, lists of linked records in no useful order.
+/// records come by ascending id, those of element counts by owner and then type, lists of
+/// linked records in no useful order.
 class TREEMODEL_EXPORT TreeModel : public QObject
 {
     Q_OBJECT
@@ -56,13 +57,15 @@ public:
 
     /// Brings the mirror in line with the kernel: geometry, groups, mesh, simulation. With
     /// `clear`, deletes all records first, after the `about_to_clear` signals; otherwise
-    /// adds, updates and removes only what differs. Emits visible_changed() for each
-    /// record whose visibility is read, and selection_changed() for what is selected.
+    /// adds, updates and removes only what differs. Emits visible_changed() for each record
+    /// whose visibility is read, cfd_flag_changed() for each material, and selection_changed()
+    /// for what is selected, after each of the four domains.
     void refresh_model(bool clear);
 
     /// Has the kernel select (deselect) the records by one command line; the empty vector
-    /// selects nothing. Mesh records and null are passed over. The mirror does not change:
-    /// the kernel answers by notification. Does nothing inside selection_changed().
+    /// clears its selection, whatever `selected` is. Element counts and null are passed over,
+    /// and nothing is sent if no record is left. The mirror does not change: the kernel
+    /// answers by notification. Does nothing inside selection_changed().
     void select_entities(const std::vector<TreeData*>& entities, bool selected);
 
     /// The geometry of a type by ascending id, and the one with that id.
@@ -169,7 +172,8 @@ Q_SIGNALS:
     void fea_bc_removed(TreeFeaBCData* fea_bc);
     void cfd_bc_added(TreeCfdBCData* cfd_bc);
 
-    /// It has left with all its links. Unlike other records, it is deleted by the event loop.
+    /// It has left with all its links. Unlike other records, it is deleted by the event loop;
+    /// one that became another kind is read once more before, and may be linked again.
     void cfd_bc_removed(TreeCfdBCData* cfd_bc);
 
     /// A set was added to a condition, or taken out. Records that die leave silently.
@@ -188,8 +192,8 @@ Q_SIGNALS:
     void about_to_clear_cfd();
     void about_to_clear_material();
 
-    /// These records became selected in the kernel, or stopped being selected. A refresh
-    /// tells again what is selected; nothing tells that the selection is empty.
+    /// These records, at least one, became selected in the kernel, or stopped being selected.
+    /// A refresh tells again what is selected; nothing tells that the selection is empty.
     void selection_changed(const std::vector<TreeData*>& entities, bool selected);
 
 private:

@@ -44,6 +44,7 @@ public:
     std::vector<TreeGeometryData*> geometry_data(TreeGeometryData::GeometryType type);
 
     /// Links two records and emits association_added(), unless they are linked or one is null.
+    /// Neither their types nor circles are checked.
     void associate_geometry(TreeGeometryData* parent, TreeGeometryData* child);
 
     /// Unlinks two records and emits association_removed(), unless they are not linked.

@@ -23,8 +23,8 @@ public:
     /// change_group_id() displaced.
     ~TreeGroupModel() override;
 
-    /// Gives back the group of that id, by TreeData::set_name() with that name if name()
-    /// differs from it. A new group emits group_added().
+    /// Gives back the group of that id, renamed by TreeData::set_name() if its name() is
+    /// another. A new group emits group_added(). Null if a receiver has removed it.
     TreeGroupData* add_group(const QString& name, int id);
 
     /// Takes the group out of the model with the links to its members, emits

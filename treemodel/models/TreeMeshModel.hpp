@@ -12,8 +12,10 @@
 /// Owns the sizing sources and boundary layers, known by their ids, and the mesh
 /// records, known by their owner and type.
 ///
-/// The owner is a record of any model; its mesh records die with it. Signals are
-/// emitted inside the operation that causes them.
+/// The owner is a record of any model; its mesh records die with it. To remove by an unknown
+/// id or owner does nothing. Signals are emitted inside the operation that causes them.
+///
+/// Operations that add give null if a receiver of their signal has removed the record.
 class TREEMODEL_EXPORT TreeMeshModel : public QObject
 {
     Q_OBJECT

@@ -16,8 +16,11 @@
 /// the links between the boundary conditions and the exodus entities they apply to.
 ///
 /// Ids are unique per ExodusType and per FEAType, over all fluid boundary conditions,
-/// and over materials and media. Types are not checked: one out of range is a caller's
-/// error. Signals are emitted inside the operation that causes them.
+/// and over materials and media. ExodusType and FEAType are not checked: one out of range
+/// is undefined. To remove by an unknown id does nothing. Signals are emitted inside the
+/// operation that causes them.
+///
+/// Operations that add give null if a receiver of their signal has removed the record.
 class TREEMODEL_EXPORT TreeSimModel : public QObject
 {
     Q_OBJECT
@@ -33,7 +36,7 @@ public:
     TreeExodusData* add_exodus(TreeExodusData::ExodusType type, int id);
 
     /// Takes the record out of the model with all its links, emits
-    /// exodus_entity_removed() and deletes it. An unknown id does nothing.
+    /// exodus_entity_removed() and deletes it.
     void remove_exodus(TreeExodusData::ExodusType type, int id);
 
     /// Null if there is none.
@@ -50,7 +53,7 @@ public:
     TreeFeaBCData* add_fea_bc(TreeFeaBCData::FEAType type, int id);
 
     /// Takes the record out of the model with all its links, emits fea_bc_removed() and
-    /// deletes it. An unknown id does nothing.
+    /// deletes it.
     void remove_fea_bc(TreeFeaBCData::FEAType type, int id);
 
     /// Moves a condition to a new id by TreeData::set_id(), also to its own. Its links stay.
@@ -68,7 +71,7 @@ public:
     /// their links, with no further signal of the model.
     void clear_fea();
 
-    /// Gives back the condition of that id, of whatever type it is. A new one emits
+    /// Gives back the condition of that id, of whatever type it is and stays. A new one emits
     /// cfd_bc_added().
     TreeCfdBCData* add_cfd_bc(TreeCfdBCData::CFDType type, int id);
 
@@ -89,7 +92,7 @@ public:
     /// their links, with no further signal of the model.
     void clear_cfd();
 
-    /// Gives back the material of that id, of whatever kind it is. A new one emits
+    /// Gives back the material of that id, of whatever kind it is and stays. A new one emits
     /// material_added().
     TreeMaterialData* add_material(int id, bool is_cfd);
 

@@ -2,7 +2,7 @@
 
 #include <treemodel/treedata/TreeData.hpp>
 
-/// A boundary layer of the mesher.
+/// A boundary layer of the mesher. The mirror reads its id alone.
 class TREEMODEL_EXPORT TreeBoundaryLayerData : public TreeData
 {
     Q_OBJECT

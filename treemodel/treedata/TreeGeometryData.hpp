@@ -25,21 +25,22 @@ public:
     /// The kind of this entity.
     GeometryType geometry_type();
 
-    /// Of a volume, true if anything in it is virtual.
+    /// False until set_virtual() says otherwise. Of a volume, true if anything in it is virtual.
     bool is_virtual();
 
     /// On a change, stores the flag and emits virtual_changed(), then
     /// name_changed() with the name as the new flag makes it.
     void set_virtual(bool is_virtual);
 
-    /// TreeData::set_name() with the " (v)" added or cut off to match is_virtual().
+    /// TreeData::set_name() with the " (v)" added or cut off to match is_virtual(), also to and
+    /// from an empty name: that of a virtual entity becomes " (v)".
     void set_name(const QString& name) override;
 
     /// The type that a kernel's word stands for, compared exactly; "sheet body" is a
     /// body. An unknown word gives false and leaves `type` alone.
     static bool string_to_type(const std::string& text, GeometryType& type);
 
-    /// The kernel's word for the type; empty for a value out of range.
+    /// The kernel's word for the type, "body" for a sheet body too; empty for a value out of range.
     static std::string type_to_string(GeometryType type);
 
 Q_SIGNALS:

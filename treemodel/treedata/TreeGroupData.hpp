@@ -8,6 +8,6 @@ class TREEMODEL_EXPORT TreeGroupData : public TreeData
     Q_OBJECT
 
 public:
-    /// An empty `name` leaves the group without a name of its own.
+    /// An empty `name` leaves the group without a name of its own: name() gives "Entity 4" then.
     TreeGroupData(const QString& name, int id);
 };

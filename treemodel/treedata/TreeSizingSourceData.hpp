@@ -2,7 +2,7 @@
 
 #include <treemodel/treedata/TreeData.hpp>
 
-/// A sizing source of the mesher.
+/// A sizing source of the mesher. The mirror reads its id alone.
 class TREEMODEL_EXPORT TreeSizingSourceData : public TreeData
 {
     Q_OBJECT
