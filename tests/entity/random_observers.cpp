@@ -118,7 +118,7 @@ QString ViewObserver::differences(const TreeReference& reference)
     if (selected != m_selected) {
         return "a view's selection does not stay with its items";
     }
-    if (cells.size() != int(selected.size()) * m_model->columnCount()) {
+    if (cells.size() != qsizetype(selected.size()) * m_model->columnCount()) {
         return "a view's selection falls apart into single cells";
     }
 
@@ -183,7 +183,7 @@ QString ProxyObserver::compare(const std::vector<Node*>& nodes, const QModelInde
             return "a proxy shows " + node->label + " out of order or by an old name";
         }
         previous = text;
-        const QString difference = compare(node->children, index);
+        QString difference = compare(node->children, index);
         if (!difference.isEmpty()) {
             return difference;
         }

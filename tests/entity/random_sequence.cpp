@@ -725,7 +725,7 @@ QString RandomSequence::check_hidden(const Node* node) const
         if (child->item->getParentEntity() != node->item) {
             return child->label + ", hidden, has another parent than it should";
         }
-        const QString difference = check_hidden(child);
+        QString difference = check_hidden(child);
         if (!difference.isEmpty()) {
             return difference;
         }
