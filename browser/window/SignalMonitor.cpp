@@ -10,7 +10,6 @@
 #include <QScrollBar>
 #include <QSortFilterProxyModel>
 #include <QStyle>
-#include <QTimer>
 #include <QToolButton>
 #include <QTreeView>
 #include <QVBoxLayout>
@@ -109,7 +108,7 @@ void SignalMonitor::follow_end()
 {
     const QScrollBar* const bar = m_table->verticalScrollBar();
     if (bar->value() == bar->maximum()) {
-        QTimer::singleShot(0, m_table, &QTreeView::scrollToBottom);
+        QMetaObject::invokeMethod(m_table, &QTreeView::scrollToBottom, Qt::QueuedConnection);
     }
 }
 
