@@ -24,8 +24,9 @@ std::vector<int> shuffled(int size, int first, int step, unsigned seed)
     std::vector<int> numbers(size);
     std::iota(numbers.begin(), numbers.end(), 0);
     std::shuffle(numbers.begin(), numbers.end(), std::mt19937(seed));
-    for (int& number : numbers)
+    for (int& number : numbers) {
         number = first + step * number;
+    }
     return numbers;
 }
 
@@ -33,8 +34,9 @@ std::vector<QString> make_names(int size, int first, unsigned seed)
 {
     std::vector<QString> names;
     names.reserve(size);
-    for (int number : shuffled(size, first, 2, seed))
+    for (int number : shuffled(size, first, 2, seed)) {
         names.push_back("Volume " + QString::number(number));
+    }
     return names;
 }
 
@@ -46,11 +48,14 @@ void build(Shape shape, Node* root, Branch branch, Leaf leaf)
     const std::vector<QString>& names = volume_names(shape.size);
     if (shape.kind == Shape::Flat) {
         Node* parent = branch(root, "Volumes");
-        for (int i = 0; i < shape.size; ++i)
+        for (int i = 0; i < shape.size; ++i) {
             leaf(parent, names[i], i + 1);
+        }
     } else if (shape.kind == Shape::Wide) {
-        for (int i = 0; i < shape.size / 2; ++i)
-            leaf(branch(root, names[2 * i]), names[2 * i + 1], i + 1);
+        for (int i = 0; i < shape.size / 2; ++i) {
+            const std::size_t name = 2 * std::size_t(i);
+            leaf(branch(root, names[name]), names[name + 1], i + 1);
+        }
     } else {
         const int count = shape.size / (branches * branches);
         int made = 0;
@@ -58,8 +63,9 @@ void build(Shape shape, Node* root, Branch branch, Leaf leaf)
             Node* upper = branch(root, names[i]);
             for (int j = 0; j < branches; ++j) {
                 Node* parent = branch(upper, names[branches + j]);
-                for (int k = 0; k < count; ++k, ++made)
+                for (int k = 0; k < count; ++k, ++made) {
                     leaf(parent, names[made], made + 1);
+                }
             }
         }
     }
@@ -85,8 +91,9 @@ const std::vector<QString>& volume_names(int size)
 {
     static std::map<int, std::vector<QString>> known;
     std::vector<QString>& names = known[size];
-    if (names.empty())
+    if (names.empty()) {
         names = make_names(size, 0, 1);
+    }
     return names;
 }
 
@@ -94,8 +101,9 @@ const std::vector<QString>& other_names(int size)
 {
     static std::map<int, std::vector<QString>> known;
     std::vector<QString>& names = known[size];
-    if (names.empty())
+    if (names.empty()) {
         names = make_names(size, 1, 2);
+    }
     return names;
 }
 
@@ -107,7 +115,7 @@ std::vector<int> random_positions(int size, int count)
 }
 
 EntityWorld::EntityWorld() = default;
-EntityWorld::EntityWorld(EntityWorld&&) = default;
+EntityWorld::EntityWorld(EntityWorld&&) noexcept = default;
 EntityWorld::~EntityWorld() = default;
 
 EntityWorld fill_entities(Shape shape, int column)
@@ -141,10 +149,11 @@ StandardWorld fill_standard(Shape shape, int column)
         shape, static_cast<QStandardItem*>(nullptr),
         [&](QStandardItem* parent, const QString& name) {
             const QList<QStandardItem*> row = new_row(name, 0);
-            if (parent)
+            if (parent) {
                 parent->appendRow(row);
-            else
+            } else {
                 top.push_back(row);
+            }
             world.parent = row.front();
             return world.parent;
         },
@@ -153,8 +162,9 @@ StandardWorld fill_standard(Shape shape, int column)
             world.leaves.push_back(row.front());
             parent->appendRow(row);
         });
-    for (const QList<QStandardItem*>& row : top)
+    for (const QList<QStandardItem*>& row : top) {
         world.model->appendRow(row);
+    }
     world.model->sort(column);
     return world;
 }
@@ -173,8 +183,9 @@ std::unique_ptr<QTreeWidget> fill_widget(Shape shape, int column)
         shape, static_cast<QTreeWidgetItem*>(nullptr),
         [&](QTreeWidgetItem* parent, const QString& name) {
             auto* item = fill(new QTreeWidgetItem(parent), name, 0);
-            if (!parent)
+            if (!parent) {
                 top.append(item);
+            }
             return item;
         },
         [&](QTreeWidgetItem* parent, const QString& name, int id) {
@@ -196,8 +207,9 @@ StandardWorld& make_standard(Shape shape, int column)
 {
     static std::map<std::pair<Shape::Kind, int>, StandardWorld> known;
     StandardWorld& world = known[{shape.kind, shape.size}];
-    if (!world.model)
+    if (!world.model) {
         world = fill_standard(shape, column);
+    }
     world.model->sort(column);
     return world;
 }
@@ -206,8 +218,9 @@ QTreeWidget& make_widget(Shape shape)
 {
     static std::map<std::pair<Shape::Kind, int>, QTreeWidget*> known;
     QTreeWidget*& widget = known[{shape.kind, shape.size}];
-    if (!widget)
+    if (!widget) {
         widget = fill_widget(shape, 0).release();
+    }
     return *widget;
 }
 
@@ -215,8 +228,9 @@ std::vector<EntityItem*> make_items(int size, int column)
 {
     std::vector<EntityItem*> items;
     items.reserve(size);
-    for (int i = 0; i < size; ++i)
+    for (int i = 0; i < size; ++i) {
         items.push_back(new_item(volume_names(size)[i], i + 1));
+    }
     if (column == 0) {
         std::sort(items.begin(), items.end(),
             [](const EntityItem* a, const EntityItem* b) { return a->getName() < b->getName(); });

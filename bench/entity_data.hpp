@@ -40,7 +40,7 @@ std::vector<int> random_positions(int size, int count);
 struct EntityWorld
 {
     EntityWorld();
-    EntityWorld(EntityWorld&&);
+    EntityWorld(EntityWorld&&) noexcept;
     ~EntityWorld();
 
     std::unique_ptr<EntityModel> model;

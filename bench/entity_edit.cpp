@@ -34,8 +34,9 @@ struct Plain
     std::vector<EntityItem*> leaves;
     ~Plain()
     {
-        for (EntityItem* item : sorted)
+        for (EntityItem* item : sorted) {
             delete item;
+        }
     }
 };
 
@@ -43,8 +44,9 @@ auto entities(int size, bool in_view)
 {
     return [=] {
         Entities result{make_entities({Shape::Flat, size}, 0), nullptr};
-        if (in_view)
+        if (in_view) {
             result.view = make_view(result.world.model.get(), result.world.model->index(0, 0));
+        }
         return result;
     };
 }
@@ -53,8 +55,9 @@ auto standard(int size, bool in_view)
 {
     return [=] {
         Standard result{&make_standard({Shape::Flat, size}, 0), nullptr};
-        if (in_view)
+        if (in_view) {
             result.view = make_view(result.world->model, result.world->model->index(0, 0));
+        }
         return result;
     };
 }
@@ -101,10 +104,11 @@ void rename_floor(benchmark::State& state, int size)
             auto& rows = plain->sorted;
             const auto row = std::find(rows.begin(), rows.end(), item);
             if (const auto above = std::lower_bound(rows.begin(), row, item, name_less);
-                above != row)
+                above != row) {
                 std::rotate(above, row, row + 1);
-            else
+            } else {
                 std::rotate(row, row + 1, std::lower_bound(row + 1, rows.end(), item, name_less));
+            }
         }
     });
 }
@@ -139,8 +143,9 @@ private:
 auto rename_standard(bool in_view)
 {
     return [=, renames = std::shared_ptr<Renames>()](benchmark::State& state, int size) mutable {
-        if (!renames)
+        if (!renames) {
             renames = std::make_shared<Renames>(size);
+        }
         measure(state, standard(size, in_view), [&](Standard& standard) {
             QStandardItem* parent = standard.world->parent;
             renames->make([&](int position, const QString& name) {
@@ -165,8 +170,9 @@ auto remove_model(bool in_view)
     return [in_view](benchmark::State& state, int size) {
         const std::vector<int> chosen = random_positions(size, removal_count);
         measure(state, entities(size, in_view), [&chosen](Entities& entities) {
-            for (int position : chosen)
+            for (int position : chosen) {
                 entities.world.model->removeEntity(entities.world.leaves[position]);
+            }
         });
     };
 }
@@ -194,8 +200,9 @@ auto remove_standard(bool in_view)
             return std::pair(std::move(world), std::move(view));
         };
         measure(state, make, [&chosen](auto& made) {
-            for (int position : chosen)
+            for (int position : chosen) {
                 made.first.parent->removeRow(made.first.leaves[position]->row());
+            }
         });
     };
 }
@@ -213,8 +220,9 @@ void clear_floor(benchmark::State& state, int size)
     measure(state, plain(size), [](std::unique_ptr<Plain>& plain) {
         // The vector goes as well, as the list of the model's parent does.
         const auto items = std::exchange(plain->sorted, {});
-        for (EntityItem* item : items)
+        for (EntityItem* item : items) {
             delete item;
+        }
     });
 }
 

@@ -29,8 +29,9 @@ Prepared prepare(int size)
 
 void insert_all(Prepared& prepared)
 {
-    for (EntityItem* item : prepared.items)
+    for (EntityItem* item : prepared.items) {
         prepared.world.model->addEntity(prepared.world.parent, item);
+    }
 }
 
 void insert_model(benchmark::State& state, int size)
@@ -59,8 +60,9 @@ void insert_floor(benchmark::State& state, int size)
         std::vector<EntityItem*> sorted;
         ~Items()
         {
-            for (EntityItem* item : sorted)
+            for (EntityItem* item : sorted) {
                 delete item;
+            }
         }
     };
     const auto make = [size] { return std::make_unique<Items>(Items{make_items(size, 1), {}}); };
@@ -141,8 +143,9 @@ auto fill_standard_model(Shape::Kind kind)
             [=](StandardWorld& filled) {
                 filled = fill_standard({kind, size}, 0);
             });
-        if (kind == Shape::Tree)
+        if (kind == Shape::Tree) {
             delete world.model;
+        }
     };
 }
 
@@ -179,7 +182,8 @@ void register_fill()
         register_shape("wide", Shape::Wide, size);
     }
     register_once("fill/flat, view/proxy", 10'000, fill_proxied_in_view);
-    for (int size : {10'000, 100'000, 1'000'000})
+    for (int size : {10'000, 100'000, 1'000'000}) {
         register_shape("tree", Shape::Tree, size);
+    }
     register_once("fill/wide/model", 1'000'000, fill_model(Shape::Wide));
 }

@@ -44,8 +44,9 @@ auto count_model(Shape::Kind kind)
     return [kind](benchmark::State& state, int size) {
         count_heap(state, size, [=] {
             EntityWorld world = fill_entities({kind, size}, 1);
-            for (size_t i = 0; i < world.leaves.size(); ++i)
+            for (size_t i = 0; i < world.leaves.size(); ++i) {
                 static_cast<SimpleItem*>(world.leaves[i])->setName(own_name(size, int(i)));
+            }
             world.leaves = {};
             return world;
         });
@@ -57,8 +58,9 @@ auto count_standard(Shape::Kind kind)
     return [kind](benchmark::State& state, int size) {
         count_heap(state, size, [=] {
             StandardWorld world = fill_standard({kind, size}, 1);
-            for (size_t i = 0; i < world.leaves.size(); ++i)
+            for (size_t i = 0; i < world.leaves.size(); ++i) {
                 world.leaves[i]->setText(own_name(size, int(i)));
+            }
             world.leaves = {};
             return world;
         });

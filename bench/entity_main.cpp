@@ -7,8 +7,9 @@
 /// peers, which are Qt's own item models. `bench/ratios` prints the ratios.
 int main(int argc, char** argv)
 {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
     QApplication application(argc, argv);
     // Nobody supplies the mark of an invisible row here.
     QLoggingCategory::setFilterRules("qt.svg.warning=false");
@@ -19,8 +20,9 @@ int main(int argc, char** argv)
     register_read();
     register_heap();
     benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) {
         return 1;
+    }
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
     return 0;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <benchmark/benchmark.h>
+#include <ctime>
 #include <string>
-#include <time.h>
 
 /// Seconds of processor time that this thread has had. Everything here runs on one thread, and
 /// other programs on the same machine count for less than on a clock on the wall.

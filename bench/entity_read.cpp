@@ -74,8 +74,9 @@ void search_model(benchmark::State& state, int size)
         },
         [size](EntityWorld& world) {
             EntityItem* last = world.parent->getChild(size - 1);
-            for (int i = 0; i < search_count; ++i)
+            for (int i = 0; i < search_count; ++i) {
                 benchmark::DoNotOptimize(world.parent->getChildIndex(last));
+            }
         });
 }
 
@@ -84,8 +85,9 @@ __attribute__((target_clones("avx2", "default"))) quintptr read_all(
     const quintptr* first, const quintptr* last)
 {
     quintptr sum = 0;
-    for (; first != last; ++first)
+    for (; first != last; ++first) {
         sum += *first;
+    }
     return sum;
 }
 
@@ -141,9 +143,10 @@ void decorate_model(benchmark::State& state, int size)
     measure(state, make, [](EntityWorld& world) {
         const QModelIndex parent = world.model->index(0, 0);
         for (int i = 0; i < paint_count; ++i) {
-            for (int row = 0; row < painted_rows; ++row)
+            for (int row = 0; row < painted_rows; ++row) {
                 benchmark::DoNotOptimize(
                     world.model->data(world.model->index(row, 0, parent), Qt::DecorationRole));
+            }
         }
     });
 }
@@ -158,9 +161,10 @@ void decorate_floor(benchmark::State& state, int size)
             for (int i = 0; i < paint_count; ++i) {
                 for (int row = 0; row < painted_rows; ++row) {
                     const QString path = QString::fromUtf8(icons.getIconPath(items[row]));
-                    auto known = loaded.constFind(path);
-                    if (known == loaded.cend())
+                    auto known = loaded.find(path);
+                    if (known == loaded.end()) {
                         known = loaded.insert(path, QIcon(path));
+                    }
                     benchmark::DoNotOptimize(QVariant(*known));
                 }
             }

@@ -46,12 +46,16 @@ auto switch_standard(Shape::Kind kind, int column, bool in_view)
 void sort_by_name_floor(benchmark::State& state, int size)
 {
     std::vector<std::unique_ptr<Volume>> volumes;
-    for (int i = 0; i < size; ++i)
+    volumes.reserve(std::size_t(size));
+    for (int i = 0; i < size; ++i) {
         volumes.push_back(std::make_unique<Volume>(Volume{volume_names(size)[i], i + 1}));
+    }
     const auto make = [&volumes] {
         std::vector<Volume*> pointers;
-        for (const auto& volume : volumes)
+        pointers.reserve(volumes.size());
+        for (const auto& volume : volumes) {
             pointers.push_back(volume.get());
+        }
         return pointers;
     };
     measure(state, make, [](std::vector<Volume*>& pointers) {
@@ -65,13 +69,16 @@ void sort_by_id_floor(benchmark::State& state, int size)
     const std::vector<EntityItem*> items = make_items(size, 0);
     const auto make = [&items] {
         std::vector<std::pair<int, EntityItem*>> pairs;
-        for (EntityItem* item : items)
+        pairs.reserve(items.size());
+        for (EntityItem* item : items) {
             pairs.emplace_back(item->getId(), item);
+        }
         return pairs;
     };
     measure(state, make, [](auto& pairs) { std::sort(pairs.begin(), pairs.end()); });
-    for (EntityItem* item : items)
+    for (EntityItem* item : items) {
         delete item;
+    }
 }
 
 void register_switch(const std::string& work, int column, int size)
@@ -79,8 +86,9 @@ void register_switch(const std::string& work, int column, int size)
     const auto add = [&](const char* shape, Shape::Kind kind, bool in_view) {
         const std::string name = work + "/" + shape;
         register_once(name + "/model", size, switch_model(kind, column, in_view));
-        if (size < 1'000'000 || !in_view)
+        if (size < 1'000'000 || !in_view) {
             register_once(name + "/standard", size, switch_standard(kind, column, in_view));
+        }
     };
     add("flat", Shape::Flat, false);
     add("flat, view", Shape::Flat, true);

@@ -129,6 +129,7 @@ void SelectEntities_floor(benchmark::State& state)
 std::vector<EntityRef> refs_to(const std::vector<int>& vertices, Order order)
 {
     std::vector<EntityRef> refs;
+    refs.reserve(vertices.size());
     for (const int id : vertices) {
         refs.push_back({"vertex", id});
     }

@@ -188,9 +188,10 @@ std::vector<std::pair<int, int>> entities_in_order_of_first_fill()
 {
     std::vector<std::pair<int, int>> entities;
     TreeModel mirror;
-    QObject::connect(&mirror, &TreeModel::geometry_added, [&entities](TreeGeometryData* record) {
-        entities.emplace_back(record->geometry_type(), record->id());
-    });
+    QObject::connect(
+        &mirror, &TreeModel::geometry_added, &mirror, [&entities](TreeGeometryData* record) {
+            entities.emplace_back(record->geometry_type(), record->id());
+        });
     mirror.refresh_model(false);
     return entities;
 }

@@ -396,11 +396,12 @@ void MirrorRows::clear_children(EntityItem* item)
     m_filling = nullptr;
     set_crowds_aside(item);
     m_items.clearCategory(item);
+    const auto cleared_kind = ItemKind(item->getType());
     if (auto* place = dynamic_cast<RecordItem*>(item)) {
         m_unfilled.append(place);
         return;
     }
-    const Category cleared = item_kind_info(ItemKind(item->getType())).category;
+    const Category cleared = item_kind_info(cleared_kind).category;
     for (int kind = 0; kind < int(ItemKind::FirstCategory); ++kind) {
         if (item_kind_info(ItemKind(kind)).category == cleared) {
             m_notes.note_kind(ItemKind(kind));
@@ -435,7 +436,8 @@ void MirrorRows::set_crowds_aside(EntityItem* top)
 
 void MirrorRows::put_crowds_back()
 {
-    for (RecordItemData* data : std::exchange(m_crowds, {})) {
+    const QSet<RecordItemData*> crowds = std::exchange(m_crowds, {});
+    for (RecordItemData* data : crowds) {
         data->put_places_back();
     }
 }

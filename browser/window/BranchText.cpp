@@ -45,15 +45,15 @@ std::vector<Line> selected_lines(const QItemSelection& selection)
 QString branch_text(
     const QItemSelection& selection, const std::function<QString(const QModelIndex& index)>& line)
 {
-    constexpr int spaces_per_level = 2;
+    constexpr qsizetype spaces_per_level = 2;
     const std::vector<Line> lines = selected_lines(selection);
     const auto shallowest = std::min_element(lines.begin(), lines.end(),
         [](const Line& left, const Line& right) { return left.path.size() < right.path.size(); });
     QString result;
     for (const Line& entry : lines) {
-        const auto level = entry.path.size() - shallowest->path.size();
-        result += QString(static_cast<int>(level) * spaces_per_level, QLatin1Char(' ')) +
-                  line(entry.index) + QLatin1Char('\n');
+        const auto level = static_cast<qsizetype>(entry.path.size() - shallowest->path.size());
+        result += QString(level * spaces_per_level, QLatin1Char(' ')) + line(entry.index) +
+                  QLatin1Char('\n');
     }
     return result;
 }

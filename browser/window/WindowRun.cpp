@@ -46,7 +46,7 @@ QString arrange(const CommandLine& command, KernelSession& session, MainWindow& 
         window.tree().show_levels(*command.depth);
     }
     window.tree().filter_bar()->set_text(command.filter);
-    const QString problem = session.select(command.selection);
+    QString problem = session.select(command.selection);
     window.tree().go_to_selection();
     return problem;
 }

@@ -10,7 +10,7 @@ inline void print_rows(
     for (int row = 0; row < model.rowCount(parent); ++row) {
         const QModelIndex index = model.index(row, 0, parent);
         const QVariant id = index.siblingAtColumn(1).data();
-        std::cout << std::string(2 * depth, ' ') << index.data().toString().toStdString();
+        std::cout << std::string(2 * std::size_t(depth), ' ') << index.data().toString().toStdString();
         if (id.isValid()) {
             std::cout << "  " << id.toInt();
         }

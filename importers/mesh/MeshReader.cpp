@@ -31,7 +31,7 @@ std::filesystem::path link_to(const std::filesystem::path& file, FileContent con
     if (format == formats.end()) {
         throw ImportError("its content is none of MSH, Medit, VTK and Nastran");
     }
-    const auto link = std::filesystem::current_path() / (std::string("mesh") + format->suffix);
+    auto link = std::filesystem::current_path() / (std::string("mesh") + format->suffix);
     std::filesystem::create_symlink(std::filesystem::absolute(file), link);
     return link;
 }
@@ -83,7 +83,8 @@ std::vector<PhysicalGroup> physical_groups()
         PhysicalGroup group{dimension, tag, {}, {}};
         gmsh::model::getPhysicalName(dimension, tag, group.name);
         gmsh::model::getEntitiesForPhysicalGroup(dimension, tag, group.members);
-        std::erase_if(group.members, [&](int member) { return is_partition(dimension, member); });
+        std::erase_if(
+            group.members, [&](int member) { return is_partition(group.dimension, member); });
         groups.push_back(std::move(group));
     }
     return groups;

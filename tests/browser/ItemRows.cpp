@@ -28,6 +28,7 @@ QStringList indented(QStringList lines)
 QStringList tree_of(EntityItem* item, bool sorted)
 {
     std::vector<QStringList> children;
+    children.reserve(std::size_t(item->childCount()));
     for (int row = 0; row < item->childCount(); ++row) {
         children.push_back(tree_of(item->getChild(row), sorted));
     }
@@ -91,7 +92,7 @@ QString fault_below(EntityItem* item, const MirrorItems& join, const QSet<TreeDa
         if (record && !records.contains(record)) {
             return row_text(child) + " shows a record that is not there";
         }
-        const QString fault = fault_below(child, join, records, column, order);
+        QString fault = fault_below(child, join, records, column, order);
         if (!fault.isEmpty()) {
             return fault;
         }
@@ -121,7 +122,7 @@ QString ItemRows::fault(const MirrorItems& join, int column, Qt::SortOrder order
     const QSet<TreeData*> records = records_of(join.mirror());
     const EntityModel& model = join.items();
     for (int row = 0; row < model.rowCount(); ++row) {
-        const QString fault =
+        QString fault =
             fault_below(model.getEntity(model.index(row, 0)), join, records, column, order);
         if (!fault.isEmpty()) {
             return fault;

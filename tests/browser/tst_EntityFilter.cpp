@@ -48,7 +48,7 @@ QString expected_tree(const EntityModel& items, const QString& text, const QMode
     for (int row = 0; row < items.rowCount(parent); ++row) {
         const QModelIndex index = items.index(row, 0, parent);
         const QString name = index.data().toString();
-        const bool is_hit = is_below_hit || name.toLower().contains(text.toLower());
+        const bool is_hit = is_below_hit || name.contains(text, Qt::CaseInsensitive);
         const QString below = expected_tree(items, text, index, is_hit);
         if (is_hit || !below.isEmpty()) {
             texts << name + (below.isEmpty() ? below : u'(' + below + u')');

@@ -482,7 +482,7 @@ void tst_MainWindow::showOnlyTheseIsRestored()
 {
     session->kernel().create_body({}, "Bolt");
     session->kernel().set_visible(EntityKind::BODY, 3, false);
-    QAction* const restore = window->findChild<QAction*>("restore");
+    auto* const restore = window->findChild<QAction*>("restore");
     QVERIFY(!restore->isEnabled());
 
     click(body(1));
@@ -536,7 +536,7 @@ void tst_MainWindow::selectionBecomesAnEntity()
     QFETCH(QString, action);
     QFETCH(QString, row);
     click(body(2));
-    QAction* const create = window->findChild<QAction*>(action);
+    auto* const create = window->findChild<QAction*>(action);
     QVERIFY2(create, qPrintable(action));
     create->trigger();
     settle();
@@ -558,7 +558,7 @@ void tst_MainWindow::conditionOnSelectedSetHoldsIt()
 void tst_MainWindow::selectedConditionIsAppliedToSelectedSets()
 {
     session->kernel().create_set(EntityKind::NODESET, "Corners");
-    QAction* const apply = window->findChild<QAction*>("apply_condition");
+    auto* const apply = window->findChild<QAction*>("apply_condition");
     click(session->mirror().find_exodus(TreeExodusData::NODESET, 1));
     apply->trigger();
     QCOMPARE(message(), "Select one boundary condition and the sets that it is to apply to.");

@@ -978,7 +978,8 @@ void tst_MirrorItems::propertiesTellTheLinksOfARecord()
     kernel->create_set(EntityKind::SIDESET);
     kernel->create_condition(EntityKind::FORCE, {1}, {}, "Push");
     kernel->create_condition(EntityKind::WALL, {1}, {}, "Duct");
-    QCOMPARE(record_properties(*mirror, mirror->find_exodus(TreeExodusData::SIDESET, 1)).last(),
+    QCOMPARE(
+        record_properties(*mirror, mirror->find_exodus(TreeExodusData::SIDESET, 1)).constLast(),
         RecordProperty({"Conditions", "Push, Duct"}));
 }
 
@@ -991,7 +992,7 @@ void tst_MirrorItems::longListsOfLinksAreCut()
     kernel->create_curve(vertices);
 
     const QString children =
-        record_properties(*mirror, geometry(TreeGeometryData::CURVE, 1)).last().value;
+        record_properties(*mirror, geometry(TreeGeometryData::CURVE, 1)).constLast().value;
 
     QVERIFY2(children.startsWith("Vertex 1, Vertex 2, "), qPrintable(children));
     QVERIFY2(children.endsWith("Vertex 12, and 3 more"), qPrintable(children));

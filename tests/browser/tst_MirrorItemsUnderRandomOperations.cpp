@@ -79,7 +79,7 @@ public:
         if (!m_join.is_settled()) {
             return "The rows do not settle";
         }
-        if (const QString wrong = fault(); !wrong.isEmpty()) {
+        if (QString wrong = fault(); !wrong.isEmpty()) {
             return wrong;
         }
         EntityModel fresh_items;

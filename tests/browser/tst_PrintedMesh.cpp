@@ -48,15 +48,15 @@ void tst_PrintedMesh::setsAreMadeOnDemand()
 {
     const QString counts("1 bodies, 3 volumes, 16 surfaces, 28 curves, 16 vertices, 7 groups");
 
-    QCOMPARE(printed({mesh("blocks_41.msh")}).last(), counts);
-    QCOMPARE(printed({"--sets", mesh("blocks_41.msh")}).last(),
+    QCOMPARE(printed({mesh("blocks_41.msh")}).constLast(), counts);
+    QCOMPARE(printed({"--sets", mesh("blocks_41.msh")}).constLast(),
         counts + ", 3 blocks, 2 sidesets, 2 nodesets");
 }
 
 void tst_PrintedMesh::scriptIsRunOnDemand()
 {
-    QVERIFY2(printed({mesh("sizing.geo")}).last().contains("--trusted"), "tells how");
-    QCOMPARE(printed({"--trusted", mesh("sizing.geo")}).last(),
+    QVERIFY2(printed({mesh("sizing.geo")}).constLast().contains("--trusted"), "tells how");
+    QCOMPARE(printed({"--trusted", mesh("sizing.geo")}).constLast(),
         "0 bodies, 0 volumes, 1 surfaces, 6 curves, 7 vertices, 2 groups, 4 sizing sources, "
         "1 boundary layers");
 }

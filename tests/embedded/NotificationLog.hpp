@@ -17,7 +17,7 @@ public:
     /// What was written since the last call, joined by ", ".
     QString take()
     {
-        const QString text = m_events.join(QStringLiteral(", "));
+        QString text = m_events.join(QStringLiteral(", "));
         m_events.clear();
         return text;
     }

@@ -72,6 +72,7 @@ ModelData lattice(int nx, int ny, int nz)
     });
     Grid{1, 1, ny, nz}.visit([&](int, int y, int z) {
         std::vector<int> row;
+        row.reserve(std::size_t(nx));
         for (int x = 0; x < nx; ++x) {
             row.push_back(volumes.id(x, y, z));
         }

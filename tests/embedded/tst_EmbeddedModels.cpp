@@ -233,9 +233,9 @@ void tst_EmbeddedModels::flawedModelIsRefusedAsAWhole_data()
 {
     QTest::addColumn<std::function<void(ModelData&)>>("spoil");
     QTest::addColumn<QString>("sentence");
-    const auto newRow = [](const char* name, std::function<void(ModelData&)> spoil,
+    const auto newRow = [](const char* name, const std::function<void(ModelData&)>& spoil,
                             const char* sentence) {
-        QTest::newRow(name) << std::move(spoil) << QString::fromLatin1(sentence);
+        QTest::newRow(name) << spoil << QString::fromLatin1(sentence);
     };
 
     newRow(

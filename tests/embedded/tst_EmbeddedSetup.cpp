@@ -368,9 +368,9 @@ void tst_EmbeddedSetup::nonsenseIsRefusedAndChangesNothing_data()
 {
     QTest::addColumn<std::function<void(EmbeddedKernel&)>>("ask");
     QTest::addColumn<QString>("sentence");
-    const auto newRow = [](const char* name, std::function<void(EmbeddedKernel&)> ask,
+    const auto newRow = [](const char* name, const std::function<void(EmbeddedKernel&)>& ask,
                             const char* sentence) {
-        QTest::newRow(name) << std::move(ask) << QString::fromLatin1(sentence);
+        QTest::newRow(name) << ask << QString::fromLatin1(sentence);
     };
     using Kernel = EmbeddedKernel;
 

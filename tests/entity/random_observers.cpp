@@ -43,8 +43,9 @@ PersistentObserver::PersistentObserver(const EntityModel* model)
 QString PersistentObserver::stir(RandomSource& random, const TreeReference& reference)
 {
     const Node* node = random_visible(random, reference);
-    if (!node || random.chance(50))
+    if (!node || random.chance(50)) {
         return {};
+    }
     m_indexes[node->item] = m_model->index(node->item);
     return "keep an index of " + node->label;
 }
@@ -55,15 +56,17 @@ QString PersistentObserver::differences(const TreeReference& reference)
         const auto& [item, index] = *at;
         const Node* node = reference.find(item);
         if (!node || !reference.is_visible(node)) {
-            if (index.isValid())
+            if (index.isValid()) {
                 return "an index is still valid after its item left the view";
+            }
             at = m_indexes.erase(at);
             continue;
         }
         if (index.internalPointer() != item || index.column() != 0 ||
             index.row() != TreeReference::row(node) ||
-            index.parent().internalPointer() != node->parent->item)
+            index.parent().internalPointer() != node->parent->item) {
             return "the index kept of " + node->label + " does not follow it";
+        }
         ++at;
     }
     return {};
@@ -80,8 +83,9 @@ ViewObserver::ViewObserver(EntityModel* model)
 QString ViewObserver::stir(RandomSource& random, const TreeReference& reference)
 {
     const Node* node = random_visible(random, reference);
-    if (!node || random.chance(40))
+    if (!node || random.chance(40)) {
         return {};
+    }
     const QModelIndex index = m_model->index(node->item);
     if (random.chance(50)) {
         const bool expanded = m_expanded.contains(node->item);
@@ -101,24 +105,29 @@ QString ViewObserver::differences(const TreeReference& reference)
     erase_unseen(m_selected, reference);
     for (const Node* node : reference.nodes()) {
         if (reference.is_visible(node) &&
-            m_view.isExpanded(m_model->index(node->item)) != m_expanded.contains(node->item))
+            m_view.isExpanded(m_model->index(node->item)) != m_expanded.contains(node->item)) {
             return "a view forgets whether it has expanded " + node->label;
+        }
     }
 
     const QModelIndexList cells = m_view.selectionModel()->selectedIndexes();
     std::set<EntityItem*> selected;
-    for (const QModelIndex& index : cells)
+    for (const QModelIndex& index : cells) {
         selected.insert(m_model->getEntity(index));
-    if (selected != m_selected)
+    }
+    if (selected != m_selected) {
         return "a view's selection does not stay with its items";
-    if (cells.size() != int(selected.size()) * m_model->columnCount())
+    }
+    if (cells.size() != qsizetype(selected.size()) * m_model->columnCount()) {
         return "a view's selection falls apart into single cells";
+    }
 
     std::vector<EntityItem*> expected;
     collect_shown(reference.top_level(), expected);
     std::vector<EntityItem*> shown;
-    for (QModelIndex at = m_model->index(0, 0); at.isValid(); at = m_view.indexBelow(at))
+    for (QModelIndex at = m_model->index(0, 0); at.isValid(); at = m_view.indexBelow(at)) {
         shown.push_back(m_model->getEntity(at));
+    }
     return shown == expected ? QString() : "a view shows other rows than those expanded";
 }
 
@@ -126,8 +135,9 @@ void ViewObserver::collect_shown(const Nodes& nodes, std::vector<EntityItem*>& i
 {
     for (const Node* node : nodes) {
         items.push_back(node->item);
-        if (m_expanded.contains(node->item))
+        if (m_expanded.contains(node->item)) {
             collect_shown(node->children, items);
+        }
     }
 }
 
@@ -135,24 +145,27 @@ ProxyObserver::ProxyObserver(EntityModel* model, bool sorts)
     : m_sorts(sorts)
 {
     m_proxy.setSourceModel(model);
-    if (sorts)
+    if (sorts) {
         m_proxy.sort(0);
+    }
 }
 
 QString ProxyObserver::differences(const TreeReference& reference)
 {
-    if (m_sorts && has_twins(reference))
+    if (m_sorts && has_twins(reference)) {
         m_proxy.invalidate();
+    }
     return compare(reference.top_level(), {});
 }
 
 QString ProxyObserver::compare(const std::vector<Node*>& nodes, const QModelIndex& parent)
 {
     const int count = int(nodes.size());
-    if (m_proxy.rowCount(parent) != count)
+    if (m_proxy.rowCount(parent) != count) {
         return QString("a proxy has %1 rows where %2 stand")
             .arg(m_proxy.rowCount(parent))
             .arg(count);
+    }
     std::set<const Node*> left(nodes.begin(), nodes.end());
     QString previous;
     for (int row = 0; row < count; ++row) {
@@ -160,17 +173,20 @@ QString ProxyObserver::compare(const std::vector<Node*>& nodes, const QModelInde
         const void* item = m_proxy.mapToSource(index).internalPointer();
         const auto found = std::find_if(
             left.begin(), left.end(), [item](const Node* node) { return node->item == item; });
-        if (found == left.end() || (!m_sorts && *found != nodes[row]))
+        if (found == left.end() || (!m_sorts && *found != nodes[row])) {
             return QString("a proxy shows the wrong item in row %1").arg(row);
+        }
         const Node* node = *found;
         left.erase(found);
         const QString text = index.data().toString();
-        if (text != node->facts->shown() || (m_sorts && text < previous))
+        if (text != node->facts->shown() || (m_sorts && text < previous)) {
             return "a proxy shows " + node->label + " out of order or by an old name";
+        }
         previous = text;
-        const QString difference = compare(node->children, index);
-        if (!difference.isEmpty())
+        QString difference = compare(node->children, index);
+        if (!difference.isEmpty()) {
             return difference;
+        }
     }
     return {};
 }
@@ -182,10 +198,12 @@ QtMessageHandler other_messages = nullptr;
 
 void collect_findings(QtMsgType type, const QMessageLogContext& context, const QString& message)
 {
-    if (qstrcmp(context.category, "qt.modeltest") != 0)
+    if (qstrcmp(context.category, "qt.modeltest") != 0) {
         return other_messages(type, context, message);
-    if (!message.contains("flags == Qt::ItemIsDropEnabled || flags == 0"))
+    }
+    if (!message.contains("flags == Qt::ItemIsDropEnabled || flags == 0")) {
         finding = message;
+    }
 }
 
 } // namespace

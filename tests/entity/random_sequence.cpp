@@ -154,8 +154,9 @@ RandomSequence::~RandomSequence()
 {
     m_spy.reset();
     m_model.reset();
-    for (Node* node : m_reference.outside())
+    for (Node* node : m_reference.outside()) {
         delete node->item;
+    }
 }
 
 void RandomSequence::attach(std::unique_ptr<RandomObserver> observer)
@@ -166,8 +167,10 @@ void RandomSequence::attach(std::unique_ptr<RandomObserver> observer)
 void RandomSequence::crowd(int count)
 {
     Node* parent = make_item(0);
-    while (parent->order != TreeReference::NameOrId && parent->order != TreeReference::NameOrTypeId)
+    while (
+        parent->order != TreeReference::NameOrId && parent->order != TreeReference::NameOrTypeId) {
         parent = make_item(0);
+    }
     say("add " + parent->label + " at top level");
     expect_result(
         m_model->addEntity(nullptr, parent->item), m_reference.addEntity(nullptr, parent));
@@ -183,20 +186,23 @@ void RandomSequence::crowd(int count)
 QString RandomSequence::run(int count)
 {
     int total = 0;
-    for (const Step& step : steps())
+    for (const Step& step : steps()) {
         total += step.weight;
+    }
     QString difference;
     for (int i = 0; i < count && difference.isEmpty(); ++i) {
         int lot = m_random.below(total);
         auto step = steps().begin();
-        while (lot >= step->weight)
+        while (lot >= step->weight) {
             lot -= (step++)->weight;
+        }
         const bool is_full = m_reference.nodes().size() > few_nodes + m_crowd;
         is_full ? remove() : (this->*step->make)();
         difference = check();
     }
-    if (difference.isEmpty())
+    if (difference.isEmpty()) {
         difference = finish();
+    }
     return difference.isEmpty() ? QString()
                                 : QString("%1\nafter\n  %2").arg(difference, m_log.join("\n  "));
 }
@@ -236,8 +242,9 @@ void RandomSequence::add_top_level()
 void RandomSequence::add_child()
 {
     Node* parent = any_held_node();
-    if (!parent)
+    if (!parent) {
         return add_top_level();
+    }
     Node* node = make_item(m_random.below(2));
     say("add " + node->label + " under " + parent->label);
     const bool added = m_model->addEntity(parent->item, node->item);
@@ -255,8 +262,9 @@ void RandomSequence::add_under_stranger()
             name = outside->label + ", which is outside";
         }
     }
-    if (!stranger)
+    if (!stranger) {
         return say("leave " + node->label + " outside");
+    }
     say("add " + node->label + " under " + name);
     expect_result(m_model->addEntity(stranger, node->item), false);
     m_reference.destroy(node);
@@ -265,8 +273,9 @@ void RandomSequence::add_under_stranger()
 void RandomSequence::add_again()
 {
     Node* node = any_held_node();
-    if (!node || !node->parent || !m_reference.is_noticed(node))
+    if (!node || !node->parent || !m_reference.is_noticed(node)) {
         return add_child();
+    }
     const bool top = node->parent->item == nullptr;
     say("add " + node->label + " again where it stands");
     expect_result(m_model->addEntity(top ? nullptr : node->parent->item, node->item), true);
@@ -281,10 +290,12 @@ void RandomSequence::move()
 {
     Node* node = m_random.chance(5) ? any_node() : any_held_node();
     Node* target = m_random.chance(5) ? any_node() : any_held_node();
-    if (m_random.chance(5))
+    if (m_random.chance(5)) {
         target = nullptr;
-    if (!node || (target && m_reference.is_under(target, node)))
+    }
+    if (!node || (target && m_reference.is_under(target, node))) {
         return add_child();
+    }
     say("move " + node->label + " to " + (target ? target->label : "top level"));
     const bool there = m_model->moveEntity(node->item, target ? target->item : nullptr);
     expect_result(there, m_reference.moveEntity(node, target));
@@ -301,8 +312,9 @@ void RandomSequence::remove()
 void RandomSequence::change_name()
 {
     Node* node = any_node();
-    if (!node)
+    if (!node) {
         return add_top_level();
+    }
     EntityItemData* data = node->item->getData();
     auto* simple = dynamic_cast<SimpleItem*>(node->item);
     const bool label = m_random.chance(30) || !(data || simple);
@@ -322,8 +334,9 @@ void RandomSequence::change_name()
 void RandomSequence::change_facts()
 {
     Node* node = any_node();
-    if (!node)
+    if (!node) {
         return add_top_level();
+    }
     Facts& facts = *node->facts;
     EntityItemData* data = node->item->getData();
     auto* simple = dynamic_cast<SimpleItem*>(node->item);
@@ -404,8 +417,9 @@ void RandomSequence::sort()
 void RandomSequence::edit()
 {
     Node* node = any_held_node();
-    if (!node)
+    if (!node) {
         return add_top_level();
+    }
     const QString text = m_random.chance(30) ? node->facts->name : m_random.pick(names());
     const int column = m_random.below(2);
     say(QString("edit %1 in column %2 to %3").arg(node->label).arg(column).arg(quoted(text)));
@@ -540,21 +554,24 @@ void RandomSequence::announce(Node* node)
         return;
     }
     data->updateModel(m_interface.get());
-    for (Node* shared : node->facts->nodes)
+    for (Node* shared : node->facts->nodes) {
         m_reference.updateEntity(shared);
+    }
 }
 
 void RandomSequence::say(const QString& step)
 {
     m_log.append(QString("%1. %2").arg(m_log.size()).arg(step));
-    if (qEnvironmentVariableIsSet("TREEMODEL_RANDOM_TRACE"))
+    if (qEnvironmentVariableIsSet("TREEMODEL_RANDOM_TRACE")) {
         qInfo().noquote() << m_log.last();
+    }
 }
 
 void RandomSequence::expect(bool holds, const QString& otherwise)
 {
-    if (!holds && m_fault.isEmpty())
+    if (!holds && m_fault.isEmpty()) {
         m_fault = otherwise;
+    }
 }
 
 void RandomSequence::expect_result(bool result, bool expected)
@@ -567,23 +584,26 @@ QString RandomSequence::check()
 {
     QString difference = m_fault;
     const auto note = [&difference](const QString& text) {
-        if (difference.isEmpty())
+        if (difference.isEmpty()) {
             difference = text;
+        }
     };
     note(m_reference.fault());
     note(check_deletions());
     note(check_signals());
     note(check_visible(m_reference.top_level(), {}));
-    for (const Node* node : m_reference.hidden())
+    for (const Node* node : m_reference.hidden()) {
         note(check_hidden(node));
+    }
     note(check_lookups());
     note(check_shared());
     note(m_spy->differences());
     for (const auto& observer : m_observers) {
         note(observer->differences(m_reference));
         const QString act = observer->stir(m_random, m_reference);
-        if (!act.isEmpty())
+        if (!act.isEmpty()) {
             say(act);
+        }
         note(observer->differences(m_reference));
     }
     return difference;
@@ -600,16 +620,19 @@ QString RandomSequence::check_signals()
 
 QString RandomSequence::check_deletions() const
 {
-    if (!m_ledger.faults().isEmpty())
+    if (!m_ledger.faults().isEmpty()) {
         return m_ledger.faults().first();
+    }
     const auto nodes = m_reference.nodes();
     for (const Node* node : nodes) {
-        if (!m_ledger.alive().contains(node->item))
+        if (!m_ledger.alive().contains(node->item)) {
             return node->label + " is deleted and should be alive";
+        }
     }
     const size_t alive = m_ledger.alive().size();
-    if (alive != nodes.size())
+    if (alive != nodes.size()) {
         return QString("%1 items are alive, not %2").arg(alive).arg(nodes.size());
+    }
     return {};
 }
 
@@ -617,29 +640,34 @@ QString RandomSequence::check_visible(
     const std::vector<Node*>& nodes, const QModelIndex& parent) const
 {
     const int count = int(nodes.size());
-    if (m_model->rowCount(parent) != count || m_model->columnCount(parent) != 2)
+    if (m_model->rowCount(parent) != count || m_model->columnCount(parent) != 2) {
         return QString("%1 has %2 rows, not %3")
             .arg(label(parent.internalPointer()))
             .arg(m_model->rowCount(parent))
             .arg(count);
+    }
     for (int row = 0; row < count; ++row) {
         const Node* node = nodes[row];
         const QModelIndex index = m_model->index(row, 0, parent);
-        if (m_model->getEntity(index) != node->item)
+        if (m_model->getEntity(index) != node->item) {
             return QString("%1 stands in row %2 under %3, not %4")
                 .arg(label(m_model->getEntity(index)))
                 .arg(row)
                 .arg(label(parent.internalPointer()), node->label);
+        }
         bool hidden = true;
         if (!m_model->contains(node->item, hidden) || hidden ||
             m_model->index(node->item) != index || m_model->parent(index) != parent ||
-            m_model->parent(index.siblingAtColumn(1)) != parent)
+            m_model->parent(index.siblingAtColumn(1)) != parent) {
             return node->label + " is not found where it stands";
+        }
         QString difference = check_cells(node, index);
-        if (difference.isEmpty())
+        if (difference.isEmpty()) {
             difference = check_visible(node->children, index);
-        if (!difference.isEmpty())
+        }
+        if (!difference.isEmpty()) {
             return difference;
+        }
     }
     return {};
 }
@@ -651,46 +679,56 @@ QString RandomSequence::check_cells(const Node* node, const QModelIndex& index) 
     const QVariant number = facts.id > 0 ? QVariant(facts.id) : QVariant();
     if (index.data() != QVariant(facts.shown()) ||
         index.data(Qt::EditRole) != QVariant(facts.name) || second.data() != number ||
-        second.data(Qt::EditRole) != number)
+        second.data(Qt::EditRole) != number) {
         return node->label + " shows other texts than it has";
+    }
 
     const Qt::ItemFlags base = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     if (index.flags() != (facts.editable ? base | Qt::ItemIsEditable : base) ||
-        second.flags() != base)
+        second.flags() != base) {
         return node->label + " has other flags than it should";
+    }
 
-    if (m_icons)
+    if (m_icons) {
         m_icons->asked.clear();
+    }
     if (index.data(Qt::DecorationRole).userType() != QMetaType::QIcon ||
-        second.data(Qt::DecorationRole).isValid())
+        second.data(Qt::DecorationRole).isValid()) {
         return node->label + " has an icon too few or too many";
+    }
     const auto asked = std::vector<const EntityItem*>(facts.visible ? 1 : 0, node->item);
-    if (m_icons && m_icons->asked != asked)
+    if (m_icons && m_icons->asked != asked) {
         return node->label + " asks for its icon too often or not at all";
+    }
     return {};
 }
 
 QString RandomSequence::check_hidden(const Node* node) const
 {
     bool hidden = false;
-    if (!m_model->contains(node->item, hidden) || !hidden || m_model->index(node->item).isValid())
+    if (!m_model->contains(node->item, hidden) || !hidden || m_model->index(node->item).isValid()) {
         return node->label + " is not known as hidden";
-    if (node->item->childCount() != int(node->children.size()))
+    }
+    if (node->item->childCount() != int(node->children.size())) {
         return QString("%1, hidden, has %2 children, not %3")
             .arg(node->label)
             .arg(node->item->childCount())
             .arg(node->children.size());
+    }
     for (size_t row = 0; row < node->children.size(); ++row) {
         const Node* child = node->children[row];
-        if (node->item->getChild(int(row)) != child->item)
+        if (node->item->getChild(int(row)) != child->item) {
             return QString("row %1 under %2, hidden, is not %3")
                 .arg(row)
                 .arg(node->label, child->label);
-        if (child->item->getParentEntity() != node->item)
+        }
+        if (child->item->getParentEntity() != node->item) {
             return child->label + ", hidden, has another parent than it should";
-        const QString difference = check_hidden(child);
-        if (!difference.isEmpty())
+        }
+        QString difference = check_hidden(child);
+        if (!difference.isEmpty()) {
             return difference;
+        }
     }
     return {};
 }
@@ -699,8 +737,9 @@ QString RandomSequence::check_hidden(const Node* node) const
 QString RandomSequence::check_lookups()
 {
     const Node* node = any_node();
-    if (!node)
+    if (!node) {
         return {};
+    }
     const int id = m_random.pick(ids);
     const int type = m_random.pick(types);
     const EntityItem* by_id = nullptr;
@@ -709,26 +748,31 @@ QString RandomSequence::check_lookups()
     std::set<int> of_type;
     for (const Node* child : node->children) {
         all.insert(child->facts->id);
-        if (!by_id && child->facts->id == id)
+        if (!by_id && child->facts->id == id) {
             by_id = child->item;
-        if (child->facts->type != type)
+        }
+        if (child->facts->type != type) {
             continue;
+        }
         of_type.insert(child->facts->id);
-        if (!by_both && child->facts->id == id)
+        if (!by_both && child->facts->id == id) {
             by_both = child->item;
+        }
     }
     std::set<int> found;
     std::set<int> found_of_type;
     node->item->getChildIds(found);
     node->item->getChildIds(found_of_type, type);
     if (node->item->getChildById(id) != by_id || node->item->getChildById(id, type) != by_both ||
-        found != all || found_of_type != of_type)
+        found != all || found_of_type != of_type) {
         return "children are not found by their numbers under " + node->label;
+    }
 
     const Node* walked = node;
     for (EntityItem* item = node->item; item; item = item->getNext(node->item)) {
-        if (!walked || item != walked->item)
+        if (!walked || item != walked->item) {
             return "the walk under " + node->label + " comes to another item than it should";
+        }
         walked = TreeReference::next(walked, node);
     }
     return walked ? "the walk under " + node->label + " ends too soon" : QString();
@@ -742,8 +786,9 @@ QString RandomSequence::check_shared() const
         const auto& nodes = shared.facts->nodes;
         const bool same = std::equal(items.begin(), items.end(), nodes.begin(), nodes.end(),
             [](const EntityItem* item, const Node* node) { return item == node->item; });
-        if (!same || shared.data->itemsEmpty() != nodes.empty())
+        if (!same || shared.data->itemsEmpty() != nodes.empty()) {
             return "shared data has other items than stand over it";
+        }
     }
     return {};
 }
@@ -793,11 +838,13 @@ QString RandomSequence::describe(const std::vector<ModelEvent>& events) const
 
 QString RandomSequence::label(const void* item) const
 {
-    if (!item)
+    if (!item) {
         return "the root";
+    }
     for (const Node* node : m_reference.nodes()) {
-        if (node->item == item)
+        if (node->item == item) {
             return node->label;
+        }
     }
     return "an unknown item";
 }

@@ -390,6 +390,7 @@ void tst_EntityItem::strangerOfLikeAddressIsNotFound()
     if (like_address == address) {
         QSKIP("addresses have 32 bits here");
     }
+    // Never followed. NOLINTNEXTLINE(performance-no-int-to-ptr)
     QCOMPARE(parent.getChildIndex(reinterpret_cast<EntityItem*>(like_address)), -1);
 }
 
@@ -530,6 +531,7 @@ void tst_EntityItem::copyOfASharedItemIsNotRegistered()
     EntityItemData data(1, 2);
     SharedItem source(&data, nullptr);
     {
+        // It is what is tested. NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         const SharedItem copy(source);
         QCOMPARE(copy.getId(), 2);
         int count = 0;

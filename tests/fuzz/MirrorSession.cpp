@@ -77,7 +77,7 @@ QString MirrorSession::run(std::span<const std::uint8_t> bytes)
 bool MirrorSession::make(const Action& action)
 {
     const qsizetype line = m_done.size();
-    const QString indent(2 * m_depth, ' ');
+    const QString indent(qsizetype(2) * m_depth, ' ');
     m_done << indent + "...";
     ++m_depth;
     const QString done = action.verb < first_call_verb ? run_on_kernel(action) : call(action);
@@ -88,7 +88,7 @@ bool MirrorSession::make(const Action& action)
 
 QString MirrorSession::run_on_kernel(const Action& action)
 {
-    const QString done = m_runner.run({action.verb, action.kind, action.first, action.second});
+    QString done = m_runner.run({action.verb, action.kind, action.first, action.second});
     m_is_current = m_is_current && m_is_connected;
     return done;
 }
