@@ -1,10 +1,12 @@
 #include "entity/random_sequence.hpp"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <QIcon>
 #include <QSignalSpy>
 #include <treemodel/entity/EntityCategory.hpp>
+#include <treemodel/entity/EntityModelInterface.hpp>
 #include <treemodel/entity/SharedItem.hpp>
 #include <treemodel/entity/SimpleItem.hpp>
 #include <treemodel/entity/SortedEntityList.hpp>
@@ -99,6 +101,23 @@ QString yes_no(bool value)
     return value ? "true" : "false";
 }
 
+/// Hands on each node of the data that is told to update its model.
+class Updater : public EntityModelInterface
+{
+public:
+    explicit Updater(std::function<void(EntityItem*)> update)
+        : m_update(std::move(update))
+    {
+    }
+
+    void update_item(EntityItem* item) override { m_update(item); }
+    const std::string& get_type_name(int) override { return m_name; }
+
+private:
+    std::function<void(EntityItem*)> m_update;
+    std::string m_name;
+};
+
 } // namespace
 
 QString RandomObserver::stir(RandomSource&, const TreeReference&)
@@ -118,27 +137,10 @@ public:
     std::vector<const EntityItem*> asked;
 };
 
-class RandomSequence::Interface : public EntityModelInterface
-{
-public:
-    explicit Interface(EntityModel* model)
-        : m_model(model)
-    {
-    }
-
-    void update_item(EntityItem* item) override { m_model->updateEntity(item); }
-    const std::string& get_type_name(int) override { return m_name; }
-
-private:
-    EntityModel* m_model;
-    std::string m_name;
-};
-
 RandomSequence::RandomSequence(const RandomSource& random)
     : m_random(random)
     , m_icons(std::make_unique<Icons>())
     , m_model(std::make_unique<EntityModel>())
-    , m_interface(std::make_unique<Interface>(m_model.get()))
     , m_spy(std::make_unique<ModelSpy>(m_model.get()))
 {
     if (m_random.chance(50)) {
@@ -553,10 +555,21 @@ void RandomSequence::announce(Node* node)
         m_reference.updateEntity(node);
         return;
     }
-    data->updateModel(m_interface.get());
-    for (Node* shared : node->facts->nodes) {
-        m_reference.updateEntity(shared);
-    }
+    // The reference follows at each step: where the rules leave a place open, it looks where the
+    // model has put the item, and the next one of the same data may move it again.
+    const std::vector<Node*>& nodes = node->facts->nodes;
+    std::size_t told = 0;
+    Updater updater([&](EntityItem* item) {
+        m_model->updateEntity(item);
+        const bool is_in_turn = told < nodes.size() && nodes[told]->item == item;
+        expect(is_in_turn, "a node of shared data was updated out of its turn");
+        if (is_in_turn) {
+            m_reference.updateEntity(nodes[told]);
+            ++told;
+        }
+    });
+    data->updateModel(&updater);
+    expect(told == nodes.size(), "a node of shared data was not updated");
 }
 
 void RandomSequence::say(const QString& step)

@@ -12,7 +12,6 @@
 #include <treemodel/entity/EntityIconFactory.hpp>
 #include <treemodel/entity/EntityItemData.hpp>
 #include <treemodel/entity/EntityModel.hpp>
-#include <treemodel/entity/EntityModelInterface.hpp>
 #include <vector>
 
 /// Numbers made of bytes, for as long as there are any, and then random ones that are the same
@@ -90,7 +89,6 @@ private:
     using Facts = TreeReference::Facts;
 
     class Icons;
-    class Interface;
 
     struct Shared
     {
@@ -155,7 +153,6 @@ private:
     std::vector<Shared> m_shared;
     std::vector<std::unique_ptr<RandomObserver>> m_observers;
     std::unique_ptr<EntityModel> m_model;
-    std::unique_ptr<Interface> m_interface;
     std::unique_ptr<ModelSpy> m_spy;
     QStringList m_log;
     QString m_fault;
