@@ -366,9 +366,14 @@ void DeleteMembers(benchmark::State& state)
     }
 }
 
+void thrice(benchmark::internal::Benchmark* bench)
+{
+    bench->Unit(benchmark::kMillisecond)->Iterations(3);
+}
+
 void sizes(benchmark::internal::Benchmark* bench)
 {
-    bench->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond)->Iterations(3);
+    bench->Arg(100'000)->Arg(1'000'000)->Apply(thrice);
 }
 
 BENCHMARK_CAPTURE(filter, flat_few, fill_flat, "volume 4242")->Apply(sizes);
@@ -385,39 +390,16 @@ BENCHMARK(InsertRows)->Arg(100'000)->Unit(benchmark::kMillisecond);
 BENCHMARK(InsertRows_QSortFilterProxyModel)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 // All, and every second one.
-BENCHMARK(SelectInKernel)
-    ->Args({100'000, 1})
-    ->Args({100'000, 2})
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
-BENCHMARK(DeselectInKernel)
-    ->Args({100'000, 1})
-    ->Args({100'000, 2})
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
-BENCHMARK(SelectAllInView)->Arg(100'000)->Unit(benchmark::kMillisecond)->Iterations(3);
-BENCHMARK(ClickAfterSelectAll)->Arg(100'000)->Unit(benchmark::kMillisecond)->Iterations(3);
+BENCHMARK(SelectInKernel)->Args({100'000, 1})->Args({100'000, 2})->Apply(thrice);
+BENCHMARK(DeselectInKernel)->Args({100'000, 1})->Args({100'000, 2})->Apply(thrice);
+BENCHMARK(SelectAllInView)->Arg(100'000)->Apply(thrice);
+BENCHMARK(ClickAfterSelectAll)->Arg(100'000)->Apply(thrice);
 
-BENCHMARK_CAPTURE(show_only, one_body, false)
-    ->Arg(100'000)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
-BENCHMARK_CAPTURE(show_only, half, true)
-    ->Arg(100'000)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
-BENCHMARK_CAPTURE(show_only_of_open_bodies, no_filter, "")
-    ->Arg(50'000)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
-BENCHMARK_CAPTURE(show_only_of_open_bodies, bodies, "body")
-    ->Arg(50'000)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
-BENCHMARK_CAPTURE(show_only_of_open_bodies, volumes, "volume")
-    ->Arg(50'000)
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(3);
+BENCHMARK_CAPTURE(show_only, one_body, false)->Arg(100'000)->Apply(thrice);
+BENCHMARK_CAPTURE(show_only, half, true)->Arg(100'000)->Apply(thrice);
+BENCHMARK_CAPTURE(show_only_of_open_bodies, no_filter, "")->Arg(50'000)->Apply(thrice);
+BENCHMARK_CAPTURE(show_only_of_open_bodies, bodies, "body")->Arg(50'000)->Apply(thrice);
+BENCHMARK_CAPTURE(show_only_of_open_bodies, volumes, "volume")->Arg(50'000)->Apply(thrice);
 BENCHMARK(DeleteMembers)->Arg(20'000)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 } // namespace
